@@ -1,0 +1,236 @@
+// bridge/: the frame of the export bridge: its entry and options, the run driver, preprocessing and the identity of
+// objects. The views themselves are written in dbm/, the elements of the document in writer/, data types in types/;
+// nothing here reads a source or talks to a user other than through the log.
+#pragma once
+
+#include <concepts>
+#include <memory>
+
+#include "DTMTypes.h"
+#include "ObjectUserData.h"
+#include "ZOR.h"
+#include "ZORBridgeLib.h"
+
+/// The subject areas. They index an object's identifiers and choose behaviour in the writer and the type sets.
+enum MDCSubjectArea { UML = 0, ERD = 1, DBM = 2 };
+
+/// What the option "Model" chooses.
+enum MDCModelView { MODEL_VIEW_UML = 0, MODEL_VIEW_ERD = 1, MODEL_VIEW_DBM = 2, MODEL_VIEW_ERD_AND_DBM = 3 };
+
+/// What the option "UML 1.3 Support" chooses.
+enum MDCUML13Support { UML_1_3_FULL = 0, UML_1_3_PARTIAL = 1, UML_1_3_DISABLED = 2 };
+
+/// The bridge: one object writes one document. It is one class, spread over many files by subject.
+///
+/// | group | subject                                  | source file                                |
+/// |------:|------------------------------------------|--------------------------------------------|
+/// |     1 | run driver                               | bridge/MicrosoftSqlServerMdsMdcExport.cpp  |
+/// |     2 | object identity and unique names         | bridge/Identity.cpp                        |
+/// |     3 | elements, attributes, references         | writer/Elements.cpp                        |
+/// |     4 | transfer document                        | writer/Transfer.cpp                        |
+/// |     5 | key members, traceability, shared words  | writer/SharedEmitters.cpp                  |
+/// |     6 | choice of a type set                     | types/TypeSetChoice.cpp                    |
+/// |     7 | type resolution and type-set output      | types/TypeResolution.cpp                   |
+/// |     8 | DBM: catalog and schemas                 | dbm/MicrosoftSqlServerMdsMdcDBMExport.cpp  |
+/// |     9 | DBM: tables                              | dbm/Tables.cpp                             |
+/// |    10 | DBM: columns                             | dbm/Columns.cpp                            |
+/// |    11 | DBM: keys and indexes                    | dbm/Keys.cpp                               |
+/// |    12 | DBM: foreign keys and constraints        | dbm/ReferentialConstraints.cpp             |
+/// |    13 | DBM: views and synonyms                  | dbm/Views.cpp                              |
+/// |    14 | DBM: procedures and triggers             | dbm/Procedures.cpp                         |
+///
+/// A source file defines its group in the order in which it stands here: filters (`isExportable...`), then
+/// mappings (`get...`), then printers. Preprocessing (bridge/Preprocessing.h) and the type tables
+/// (types/DTMTypes.h) need no state of the bridge's and have headers of their own.
+class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
+  public:
+    class PreprocessOperation;
+    class ResetGeneralPointerOperation;
+    class ZORMDCGeneralization;
+    class StereotypeHashtable;
+
+    /// One chosen type set: its table (null: no type set), what is written of it, the types used so far.
+    struct MDCTypeSet {
+        explicit MDCTypeSet(std::size_t initialSize) : types(initialSize) {}
+        const DTMTypeMap* typeTable = nullptr;
+        ZORString name;
+        ZORString version;
+        DTMTypeHashtable types;
+    };
+
+    /// @name 1. Run driver (bridge/MicrosoftSqlServerMdsMdcExport.cpp)
+    /// @{
+    explicit ZORMicrosoftSqlServerMdsMdcExportBridge(ZORLog* log);
+    ~ZORMicrosoftSqlServerMdsMdcExportBridge() override;
+    /// Writes the model to the file that the option "File" names. True when the export completed; failures leave
+    /// by exception, with the model as it was.
+    bool run(ZORModel* model, ZOROptionList* options);
+    /// Releases all that the export attached to the model or created. Harmless when there is nothing (left).
+    void cleanup();
+    /// Frees the strings of a table of unique names and empties it.
+    void cleanup(ZORStringHashtable& table);
+    /// @}
+
+    /// @name 2. Object identity and unique names (bridge/Identity.cpp)
+    /// @{
+    /// The next identifier: 1, 2, 3 ...
+    int getUniqueID();
+    /// The object's five slots, attached on first use.
+    int* getObjectUserData(ZORModelObject* object) const;
+    /// The object's identifier in the subject area, allocated on first use.
+    int getXMLID(ZORModelObject* object, MDCSubjectArea area);
+    void setXMLID(ZORModelObject* object, MDCSubjectArea area, int id);
+    /// What a filter of the DBM view decided of the object.
+    ExportMark& getDBMMark(ZORModelObject* object) const;
+    /// What a filter of the ERD view decided of the object.
+    ExportMark& getERDMark(ZORModelObject* object) const;
+    /// Enters the object's name in the table. Null when it may stay (or `enabled` is false), else the name to write
+    /// in its place, which the table owns: the name with "/1", "/2" ... behind it. A renaming is logged; `kind` is
+    /// the word for the object in that message.
+    ZORString* getUniqueName(ZORStringHashtable& names, bool enabled, const char* kind, const ZORObject* object);
+    /// @}
+
+    /// @name 3. Elements, attributes, references (writer/Elements.cpp)
+    /// The order of calls: a start tag, its attributes, `closeTag`, its children, `endTag`.
+    /// @{
+    /// Starts the element of a model object in a subject area; it stays open for attributes. With `unnamed`, an
+    /// object without a name is called "unnamed$" and its identifier.
+    void startTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area, bool unnamed);
+    /// Starts an element with the given identifier, or a fresh one for 0. The object, which may be null, only
+    /// gives name, description and comments; with `unnamed`, an element without an object is called "unnamed$" and
+    /// its identifier.
+    void startTag(const ZORString& tag, ZORModelObject* object, int id, bool unnamed, bool keepOpen);
+    /// Starts an element without an identifier: a collection or the root.
+    void startTag(const ZORString& tag, bool keepOpen);
+    /// An attribute with text of the model or the options.
+    void propertyAttribute(const ZORString& name, const ZORString& value, bool skipEmpty);
+    /// An attribute with a word of the program's own, not escaped; none for null.
+    void propertyAttribute(const ZORString& name, const char* value);
+    void propertyAttribute(const ZORString& name, int value);
+    /// "1" or "0"; false is written only when forced.
+    template <std::same_as<bool> Bool>
+    void propertyAttribute(const ZORString& name, Bool value, bool force) {
+        flagAttribute(name, value, force);
+    }
+    /// Ends the start tag, and the element with it when it is empty.
+    void closeTag(bool empty);
+    void endTag(const ZORString& tag);
+    /// A reference to the element of a model object, written already or not.
+    void linkTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area);
+    void linkTag(const ZORString& tag, int id);
+    /// @}
+
+    /// @name 4. Transfer document (writer/Transfer.cpp)
+    /// @{
+    void printTransfer();
+    /// @}
+
+    /// @name 5. Key members, traceability, shared words (writer/SharedEmitters.cpp)
+    /// @{
+    /// OIM's code of a referential action; null when there is none to write.
+    static const char* getXMLRule(ZORReferentialActionType action);
+    static const char* getXMLVisibility(ZORVisibilityType visibility);
+    /// One reference per member of the key that the subject area shows; those of a foreign key in the order of the
+    /// referenced key's members.
+    void printKeyAttributes(ZORKey* key, const char* tag, MDCSubjectArea area);
+    /// The link to the element that this one was derived from.
+    void printTraceability(const char* tag, ZORModelObject* object, MDCSubjectArea area);
+    /// @}
+
+    /// @name 6. Choice of a type set (types/TypeSetChoice.cpp)
+    /// @{
+    /// Fills the set from the values of the area's three type-set options.
+    void dtmInit(MDCTypeSet& set, MDCSubjectArea area, const ZORString& choice, const ZORString& nameOverride,
+                 const ZORString& versionOverride);
+    /// @}
+
+    /// @name 7. Type resolution and type-set output (types/TypeResolution.cpp)
+    /// @{
+    /// The first row of the table that fits the type, or its end row.
+    static const DTMTypeMap* getDTMTypeMap(const ZORType* type, const DTMTypeMap* table);
+    /// The identifier of the type's counterpart in the set, whose table must not be null.
+    int getDTMTypeID(MDCTypeSet& set, MDCSubjectArea area, ZORType* type);
+    /// The identifier of a type's domain: variant 1 the nullable one, 2 the not-null one, 0 whichever is used.
+    int getERDTypeID(ZORType* type, int variant);
+    /// 0 numeric or boolean, 2 date or time, 1 anything else.
+    static int getDBMTypeCategory(const ZORType* type);
+    void printDTMType(const char* tag, const DTMTypeMap* row, int id);
+    void printDTMTypeSet(const char* setTag, const char* collectionTag, const char* memberTag,
+                         const MDCTypeSet& set);
+    /// @}
+
+    /// @name 8. DBM: catalog and schemas (dbm/MicrosoftSqlServerMdsMdcDBMExport.cpp)
+    /// @{
+    bool isExportableDBMModelObject(const ZORModelObject* object) const;
+    void printDBMModel(ZORModel* model);
+    /// The schema of a package and then those of its sub-packages.
+    void printDBMPackages(ZORDesignPackage* package);
+    void printDBMPackage(ZORDesignPackage* package);
+    /// @}
+
+    /// @name 9. DBM: tables (dbm/Tables.cpp)
+    /// @{
+    bool isExportableDBMClass(ZORClass* cls) const;
+    void printDBMClass(ZORClass* cls);
+    /// @}
+
+    /// @name 10. DBM: columns (dbm/Columns.cpp)
+    /// @{
+    /// A column of a table; with a name, a view's column of that name that shows the table's column.
+    void printDBMAttribute(ZORAttribute* column, const ZORString* name);
+    /// What the size of a column or parameter is called depends on the category of its type.
+    void printDBMTypeSize(const ZORType* type);
+    /// @}
+
+    /// @name 11. DBM: keys and indexes (dbm/Keys.cpp)
+    /// @{
+    bool isExportableDBMCandidateKey(ZORCandidateKey* key) const;
+    bool isExportableDBMIndex(ZORIndex* index) const;
+    void printDBMKey(ZORKey* key);
+    void printDBMIndex(ZORIndex* index);
+    void printDBMIndexMember(ZORIndexMember* member);
+    /// @}
+
+    /// @name 12. DBM: foreign keys and constraints (dbm/ReferentialConstraints.cpp)
+    /// @{
+    bool isExportableDBMAssociation(ZORAssociation* association) const;
+    bool isExportableDBMAssociationRole(ZORAssociationRole* role) const;
+    bool isExportableDBMForeignKey(ZORForeignKey* key) const;
+    void printDBMAssociation(ZORAssociation* association);
+    void printDBMAssociationRole(ZORAssociationRole* role, ZORKey* key);
+    /// @}
+
+    /// @name 13. DBM: views and synonyms (dbm/Views.cpp)
+    /// @{
+    void printDBMSQLViewEntity(ZORSQLViewEntity* view);
+    void printDBMSQLViewAttribute(ZORSQLViewAttribute* column);
+    void printDBMSynonyms(ZORClass* table);
+    /// @}
+
+    /// @name 14. DBM: procedures and triggers (dbm/Procedures.cpp)
+    /// @{
+    void printDBMOperation(ZOROperation* operation);
+    void printDBMArgument(ZORArgument* argument);
+    void printDBMTrigger(ZORTrigger* trigger);
+    /// @}
+
+  protected:
+    /// The state of one run. Each member says who writes it.
+    /// @{
+    ZORModel* model_ = nullptr;                 ///< `run`
+    ZORLog* log_;                               ///< the constructor
+    int nextId_ = 1;                            ///< `run`, `getUniqueID`
+    mutable ObjectUserDataPool userData_;       ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
+    ZORVector<ZORModelObject*> auxiliary_;      ///< preprocessing and printers that make objects; `cleanup`
+    std::unique_ptr<StereotypeHashtable> stereotypes_;  ///< the UML printers; `cleanup`
+    MDCModelView modelView_ = MODEL_VIEW_UML;   ///< `run`
+    MDCUML13Support uml13Support_ = UML_1_3_FULL;  ///< `run`
+    bool msRepository_ = false;                 ///< `run`
+    MDCTypeSet erdTypeSet_{50};                 ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    MDCTypeSet dbmTypeSet_{50};                 ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    int attributeState_ = 0;                    ///< the start tags and attributes of group 3
+    /// @}
+
+  private:
+    void flagAttribute(const ZORString& name, bool value, bool force);
+};

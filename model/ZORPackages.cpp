@@ -1,0 +1,53 @@
+#include "ZORPackages.h"
+
+ZORPackage::~ZORPackage() {
+    // Children are emptied before they are destroyed, so that the depth of nesting costs no stack.
+    while (!children_.isEmpty()) {
+        ZORPackage* child = children_.last();
+        children_.removeLast();
+        children_.appendAll(child->children_);
+        child->children_.clear();
+        delete child;
+    }
+}
+
+ZORDesignPackage* ZORModelElement::getDesignPackage() const noexcept {
+    return static_cast<ZORDesignPackage*>(getOwner());
+}
+
+void ZORModelElement::setOwner(ZORObject* owner) {
+    if (owner == nullptr) {
+        for (std::size_t i = diagrams_.size(); i > 0; --i) {
+            diagrams_[i - 1]->elements_.removeLast(this);
+        }
+        diagrams_.clear();
+        if (getDesignPackage() != nullptr) {
+            getDesignPackage()->elements_.removeLast(this);
+        }
+    }
+    ZORModelObject::setOwner(owner);
+}
+
+void ZORDiagram::addModelElement(ZORObject* element) {
+    elements_.append(element);
+    if (element->isInstanceOf(ZOR_MODEL_ELEMENT)) {
+        static_cast<ZORModelElement*>(element)->diagrams_.append(this);
+    }
+}
+
+ZORDesignPackage::~ZORDesignPackage() {
+    destroyAll(elements_);
+    destroyAll(operations_);
+    destroyAll(diagrams_);
+}
+
+bool ZORDesignPackage::traverseParts(ZORTraversalOperation& operation, void*& context) {
+    return traverseChildren(operation, context) && traverseList(elements_, operation, context) &&
+           traverseList(operations_, operation, context) && traverseList(diagrams_, operation, context) &&
+           traverseNotes(operation, context);
+}
+
+bool ZORModel::traverseParts(ZORTraversalOperation& operation, void*& context) {
+    return traverseChildren(operation, context) && traverseList(types_, operation, context) &&
+           traverseNotes(operation, context);
+}

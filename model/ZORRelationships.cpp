@@ -1,0 +1,60 @@
+#include "ZORRelationships.h"
+
+ZORAssociation* ZORAssociationRole::getAssociation() const noexcept {
+    return static_cast<ZORAssociation*>(getOwner());
+}
+
+void ZORAssociationRole::addForeignKey(ZORForeignKey* key) {
+    if (key != nullptr) {
+        key->roles_.append(this);
+    }
+    if (foreignKey_ != nullptr) {
+        foreignKey_->roles_.removeLast(this);
+    }
+    foreignKey_ = key;
+}
+
+void ZORAssociationRole::setOwner(ZORObject* owner) {
+    if (owner == nullptr) {
+        addForeignKey(nullptr);
+        if (getAssociation() != nullptr) {
+            getAssociation()->roles_.removeLast(this);
+        }
+    }
+    ZORModelObject::setOwner(owner);
+}
+
+void ZORAssociation::setAssociationClass(ZORClass* cls) noexcept {
+    if (associationClass_ != nullptr && associationClass_->association_ == this) {
+        associationClass_->association_ = nullptr;
+    }
+    associationClass_ = cls;
+    if (cls != nullptr) {
+        cls->association_ = this;
+    }
+}
+
+void ZORGeneralization::addSubtypeClass(ZORClass* child) {
+    child->generalizations_.append(this);
+    children_.append(child);
+}
+
+void ZORGeneralization::setOwner(ZORObject* owner) {
+    if (owner == nullptr) {
+        for (ZORClass* child : children_) {
+            child->generalizations_.removeLast(this);
+        }
+        children_.clear();
+    }
+    ZORRelationship::setOwner(owner);
+}
+
+void ZORDependency::setClient(ZORClass* client) {
+    client->clientDependencies_.append(this);
+    client_ = client;
+}
+
+void ZORRealization::setClient(ZORClass* client) {
+    client->realizations_.append(this);
+    client_ = client;
+}
