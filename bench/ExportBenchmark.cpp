@@ -1,0 +1,278 @@
+// The time of an export beside that of its yardsticks, and the memory of models and exports, as one table.
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Exporter.h"
+#include "ModelGenerator.h"
+#include "Yardsticks.h"
+#include "ZORModelCheck.h"
+
+namespace {
+
+constexpr int COLUMNS_PER_TABLE = 20;
+constexpr int SMALL = 500;
+constexpr int MEDIUM = 5'000;
+constexpr int LARGE = 50'000;
+constexpr int SIZES[] = {SMALL, MEDIUM, LARGE};
+
+constexpr const char* EXPORT = "export, flushed when the buffer is full";
+constexpr const char* EXPORT_LINES = "export, flushed at each line";
+constexpr const char* CHECK = "check of the model before an export";
+constexpr const char* RAW = "raw write in blocks of 1 MiB";
+constexpr const char* LIBXML2 = "libxml2's text writer";
+
+/// What the benchmarks share. Files stand in the working directory: one file system for all of them.
+class Setting {
+  public:
+    bench::Exporter exporter;
+    const std::string path = (std::filesystem::current_path() / "bench-document.xml").string();
+    const std::string otherPath = (std::filesystem::current_path() / "bench-document-2.xml").string();
+
+    ~Setting() {
+        std::filesystem::remove(path);
+        std::filesystem::remove(otherPath);
+    }
+
+    ZORModel& model(int tables) {
+        std::unique_ptr<ZORModel>& model = models_[tables];
+        if (model == nullptr) {
+            const std::size_t before = bench::allocatedBytes();
+            model = bench::generateModel({.tables = tables, .columnsPerTable = COLUMNS_PER_TABLE});
+            modelBytes_[tables] = bench::allocatedBytes() - before;
+        }
+        return *model;
+    }
+    std::size_t modelBytes(int tables) {
+        model(tables);
+        return modelBytes_[tables];
+    }
+    /// The bytes of the large model's document.
+    const std::string& document() {
+        if (document_.empty()) {
+            exportLarge();
+            document_ = bench::readFile(path);
+        }
+        return document_;
+    }
+    const bench::RecordedDocument& recording() {
+        if (!recording_) {
+            exportLarge();
+            recording_.emplace(path);
+        }
+        return *recording_;
+    }
+
+  private:
+    void exportLarge() {
+        ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL);
+        exporter.run(model(LARGE), path);
+    }
+
+    std::map<int, std::unique_ptr<ZORModel>> models_;
+    std::map<int, std::size_t> modelBytes_;
+    std::string document_;
+    std::optional<bench::RecordedDocument> recording_;
+};
+
+Setting& setting() {
+    static Setting setting;
+    return setting;
+}
+
+/// Runs the action once per iteration, each time to a file that does not exist.
+template <typename Action>
+void measure(benchmark::State& state, Action action) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::filesystem::remove(setting().path);
+        state.ResumeTiming();
+        action();
+    }
+}
+
+void exportModel(benchmark::State& state, ZORFlushPolicy policy) {
+    ZORModel& model = setting().model(static_cast<int>(state.range(0)));
+    ZORFile::setFlushPolicy(policy);
+    measure(state, [&] { setting().exporter.run(model, setting().path); });
+}
+
+void checkOnly(benchmark::State& state) {
+    ZORModel& model = setting().model(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        if (!checkModel(model).empty()) {
+            state.SkipWithError("the generated model is not sound");
+        }
+    }
+}
+
+void writeRaw(benchmark::State& state) {
+    const std::string& document = setting().document();
+    measure(state, [&] { bench::writeRaw(setting().path, document); });
+}
+
+void writeWithLibxml2(benchmark::State& state) {
+    const bench::RecordedDocument& recording = setting().recording();
+    measure(state, [&] { recording.writeWithLibxml2(setting().path); });
+}
+
+void registerBenchmarks() {
+    const auto add = [](const char* name, auto function, int tables) {
+        // Small models are exported as often as makes the same number of columns.
+        benchmark::RegisterBenchmark(name, function)
+            ->Arg(tables)
+            ->Iterations(LARGE / tables)
+            ->Repetitions(5)
+            ->UseRealTime();
+    };
+    for (const int tables : SIZES) {
+        add(
+            EXPORT, [](auto& state) { exportModel(state, ZORFlushPolicy::BUFFER_FULL); }, tables);
+    }
+    add(
+        EXPORT_LINES, [](auto& state) { exportModel(state, ZORFlushPolicy::EACH_LINE); }, LARGE);
+    add(CHECK, checkOnly, LARGE);
+    add(RAW, writeRaw, LARGE);
+    add(LIBXML2, writeWithLibxml2, LARGE);
+}
+
+struct Times {
+    std::vector<double> wall;  ///< seconds per iteration, one per repetition
+    std::vector<double> cpu;
+};
+
+double median(std::vector<double> values) {
+    if (values.empty()) {
+        return 0;
+    }
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+/// Collects the times; the table is printed when all are there.
+class Collector : public benchmark::BenchmarkReporter {
+  public:
+    bool ReportContext(const Context& /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.error_occurred) {
+                std::fprintf(stderr, "%s: %s\n", run.run_name.function_name.c_str(),
+                             run.error_message.c_str());
+                failed = true;
+            } else if (run.run_type == Run::RT_Iteration) {
+                Times& times = collected[run.run_name.function_name + '/' + run.run_name.args];
+                const auto iterations = static_cast<double>(run.iterations);
+                times.wall.push_back(run.real_accumulated_time / iterations);
+                times.cpu.push_back(run.cpu_accumulated_time / iterations);
+            }
+        }
+    }
+    double wall(const char* name, int tables) const { return median(find(name, tables).wall); }
+    double cpu(const char* name, int tables) const { return median(find(name, tables).cpu); }
+
+    bool failed = false;
+
+  private:
+    const Times& find(const char* name, int tables) const {
+        static const Times none;
+        const auto found = collected.find(std::string(name) + '/' + std::to_string(tables));
+        return found == collected.end() ? none : found->second;
+    }
+
+    std::map<std::string, Times> collected;
+};
+
+void printTimes(const Collector& times) {
+    const double megabytes = static_cast<double>(setting().document().size()) / 1e6;
+    std::printf("\n%d tables of %d columns, a document of %.0f MB, medians of 5 runs\n\n", LARGE,
+                COLUMNS_PER_TABLE, megabytes);
+    std::printf("%-42s %9s %9s %9s %13s\n", "", "seconds", "CPU s", "MB/s", "to raw write");
+    for (const char* name : {RAW, EXPORT, EXPORT_LINES, LIBXML2, CHECK}) {
+        const double wall = times.wall(name, LARGE);
+        std::printf("%-42s %9.3f %9.3f", name, wall, times.cpu(name, LARGE));
+        if (name != CHECK) {
+            std::printf(" %9.0f %13.2f", megabytes / wall, wall / times.wall(RAW, LARGE));
+        }
+        std::printf("\n");
+    }
+    const double wall = times.wall(EXPORT, LARGE);
+    std::printf("\nThe export takes %.2f times as long as the raw write (aim: at most 2);\n",
+                wall / times.wall(RAW, LARGE));
+    std::printf("libxml2's writer takes %.2f times as long as the export (aim: at least 4).\n",
+                times.wall(LIBXML2, LARGE) / wall);
+}
+
+void printSizes(const Collector& times) {
+    std::printf("\nTime of an export per column\n\n");
+    for (const int tables : SIZES) {
+        const int columns = tables * COLUMNS_PER_TABLE;
+        std::printf("%9d columns %9.0f ns\n", columns, times.wall(EXPORT, tables) / columns * 1e9);
+    }
+}
+
+void printMemory() {
+    std::printf("\nMemory\n\n");
+    constexpr int COLUMNS = LARGE * COLUMNS_PER_TABLE;
+    ZORModel& model = setting().model(LARGE);
+    const std::size_t objects = bench::countObjects(model);
+    const std::size_t added = bench::measurePeakMemory(setting().exporter, model);
+    const auto bytes = static_cast<double>(setting().modelBytes(LARGE));
+    std::printf("loaded model:       %6.0f bytes per column, keys, indexes and relationships included\n",
+                bytes / COLUMNS);
+    std::printf("                    %6.0f bytes per object (%zu objects)\n",
+                bytes / static_cast<double>(objects), objects);
+    const std::size_t before = bench::allocatedBytes();
+    const std::unique_ptr<ZORModel> wide = bench::generateModel({.tables = 1,
+                                                                 .columnsPerTable = 30'000,
+                                                                 .keysPerTable = 0,
+                                                                 .relationshipsPerTable = 0,
+                                                                 .columnsPerDescription = 0});
+    std::printf("                    %6.0f bytes for a column alone, its name included\n",
+                static_cast<double>(bench::allocatedBytes() - before) / 30'000);
+    std::printf("added by an export: %6.1f bytes per object at the peak (aim: below 32)\n",
+                static_cast<double>(added) / static_cast<double>(objects));
+}
+
+/// A yardstick that wrote something else would measure nothing.
+bool yardstickWritesTheSame() {
+    setting().recording().writeWithLibxml2(setting().otherPath);
+    return bench::RecordedDocument(setting().otherPath) == setting().recording();
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    benchmark::Initialize(&argumentCount, arguments);
+    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) {
+        return 2;
+    }
+    try {
+        registerBenchmarks();
+        Collector times;
+        benchmark::RunSpecifiedBenchmarks(&times);
+        if (times.failed) {
+            return 1;
+        }
+        if (!yardstickWritesTheSame()) {
+            std::fprintf(
+                stderr,
+                "libxml2's writer produced another document than the export; nothing is comparable\n");
+            return 1;
+        }
+        printTimes(times);
+        printSizes(times);
+        printMemory();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench_export: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
