@@ -1,6 +1,6 @@
-// bridge/: the frame of the export bridge: its entry and options, the run driver, preprocessing and the identity of
-// objects. The views themselves are written in dbm/, the elements of the document in writer/, data types in types/;
-// nothing here reads a source or talks to a user other than through the log.
+// bridge/: the frame of the export bridge: its entry and options, the run driver, preprocessing and the
+// identity of objects. The views themselves are written in dbm/, the elements of the document in writer/,
+// data types in types/; nothing here reads a source or talks to a user other than through the log.
 #pragma once
 
 #include <concepts>
@@ -10,8 +10,10 @@
 #include "ObjectUserData.h"
 #include "ZOR.h"
 #include "ZORBridgeLib.h"
+#include "ZORStringHashtable.h"
 
-/// The subject areas. They index an object's identifiers and choose behaviour in the writer and the type sets.
+/// The subject areas. They index an object's identifiers and choose behaviour in the writer and the type
+/// sets.
 enum MDCSubjectArea { UML = 0, ERD = 1, DBM = 2 };
 
 /// What the option "Model" chooses.
@@ -38,6 +40,11 @@ enum MDCUML13Support { UML_1_3_FULL = 0, UML_1_3_PARTIAL = 1, UML_1_3_DISABLED =
 /// |    12 | DBM: foreign keys and constraints        | dbm/ReferentialConstraints.cpp             |
 /// |    13 | DBM: views and synonyms                  | dbm/Views.cpp                              |
 /// |    14 | DBM: procedures and triggers             | dbm/Procedures.cpp                         |
+/// |    15 | ERD: model, entities, attributes         | erd/MicrosoftSqlServerMdsMdcERDExport.cpp  |
+/// |    16 | ERD: keys                                | erd/EntityKeys.cpp                         |
+/// |    17 | ERD: relationships                       | erd/Relationships.cpp                      |
+/// |    18 | ERD: domains                             | erd/Domains.cpp                            |
+/// |    19 | ERD: diagrams                            | erd/Diagrams.cpp                           |
 ///
 /// A source file defines its group in the order in which it stands here: filters (`isExportable...`), then
 /// mappings (`get...`), then printers. Preprocessing (bridge/Preprocessing.h) and the type tables
@@ -47,7 +54,6 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     class PreprocessOperation;
     class ResetGeneralPointerOperation;
     class ZORMDCGeneralization;
-    class StereotypeHashtable;
 
     /// One chosen type set: its table (null: no type set), what is written of it, the types used so far.
     struct MDCTypeSet {
@@ -62,9 +68,11 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// @{
     explicit ZORMicrosoftSqlServerMdsMdcExportBridge(ZORLog* log);
     ~ZORMicrosoftSqlServerMdsMdcExportBridge() override;
-    /// Writes the model to the file that the option "File" names. True when the export completed; failures leave
-    /// by exception, with the model as it was.
+    /// Writes the model to the file that the option "File" names. True when the export completed; failures
+    /// leave by exception, with the model as it was.
     bool run(ZORModel* model, ZOROptionList* options);
+    /// Sets the state that the options decide, type sets included.
+    void readOptions(const ZOROptionList& options);
     /// Releases all that the export attached to the model or created. Harmless when there is nothing (left).
     void cleanup();
     /// Frees the strings of a table of unique names and empties it.
@@ -84,21 +92,26 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     ExportMark& getDBMMark(ZORModelObject* object) const;
     /// What a filter of the ERD view decided of the object.
     ExportMark& getERDMark(ZORModelObject* object) const;
-    /// Enters the object's name in the table. Null when it may stay (or `enabled` is false), else the name to write
-    /// in its place, which the table owns: the name with "/1", "/2" ... behind it. A renaming is logged; `kind` is
-    /// the word for the object in that message.
-    ZORString* getUniqueName(ZORStringHashtable& names, bool enabled, const char* kind, const ZORObject* object);
+    /// Which of a type's ERD domains are referred to: bit 0 the nullable one, bit 1 the not-null one.
+    unsigned char& getDomainVariants(ZORType* type) const;
+    /// Frees the slots of an object that is about to go; nothing happens when it has none.
+    void releaseUserData(ZORModelObject* object) noexcept;
+    /// Enters the object's name in the table. Null when it may stay (or `enabled` is false), else the name to
+    /// write in its place, which the table owns: the name with "/1", "/2" ... behind it. A renaming is
+    /// logged; `kind` is the word for the object in that message.
+    ZORString* getUniqueName(ZORStringHashtable& names, bool enabled, const char* kind,
+                             const ZORObject* object);
     /// @}
 
     /// @name 3. Elements, attributes, references (writer/Elements.cpp)
     /// The order of calls: a start tag, its attributes, `closeTag`, its children, `endTag`.
     /// @{
-    /// Starts the element of a model object in a subject area; it stays open for attributes. With `unnamed`, an
-    /// object without a name is called "unnamed$" and its identifier.
+    /// Starts the element of a model object in a subject area; it stays open for attributes. With `unnamed`,
+    /// an object without a name is called "unnamed$" and its identifier.
     void startTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area, bool unnamed);
     /// Starts an element with the given identifier, or a fresh one for 0. The object, which may be null, only
-    /// gives name, description and comments; with `unnamed`, an element without an object is called "unnamed$" and
-    /// its identifier.
+    /// gives name, description and comments; with `unnamed`, an element without an object is called
+    /// "unnamed$" and its identifier.
     void startTag(const ZORString& tag, ZORModelObject* object, int id, bool unnamed, bool keepOpen);
     /// Starts an element without an identifier: a collection or the root.
     void startTag(const ZORString& tag, bool keepOpen);
@@ -118,23 +131,56 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// A reference to the element of a model object, written already or not.
     void linkTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area);
     void linkTag(const ZORString& tag, int id);
+    /// The form for flags, behind the template above.
+    void flagAttribute(const ZORString& name, bool value, bool force);
+    /// The steps that the operations above share: indentation, the parts of a start tag and of an attribute
+    /// line.
+    void pushIndentation();
+    void popIndentation();
+    void writeIndentation();
+    void shortenIndentation();
+    void writeTagStart(const ZORString& tag, int id);
+    void writeTagName(const ZORString& name);
+    void writeUnnamed(int id);
+    void writeTexts(ZORModelObject* object);
+    void beginAttribute(const ZORString& name);
+    void endAttribute();
     /// @}
 
     /// @name 4. Transfer document (writer/Transfer.cpp)
     /// @{
     void printTransfer();
+    void printTransferRoot();
+    void printTransferHeader();
+    /// The views that were chosen, each with its type set.
+    void printTransferContent();
     /// @}
 
     /// @name 5. Key members, traceability, shared words (writer/SharedEmitters.cpp)
     /// @{
+    /// Whether a column takes part in the references of a key in this subject area.
+    bool isExportableKeyMember(const ZORAttribute* column, MDCSubjectArea area) const;
+    /// Whether the element is an association, or one of the bridge's own that stand for generalizations,
+    /// which carry the root's code.
+    static bool isAnyAssociation(const ZORModelElement* element);
     /// OIM's code of a referential action; null when there is none to write.
     static const char* getXMLRule(ZORReferentialActionType action);
     static const char* getXMLVisibility(ZORVisibilityType visibility);
-    /// One reference per member of the key that the subject area shows; those of a foreign key in the order of the
-    /// referenced key's members.
+    /// The column of the referenced key that a foreign key's column takes its values from: the one that the
+    /// column's first role-name map for this key names, else the one of the same name; null when there is
+    /// none.
+    static ZORAttribute* getCounterpart(const ZORForeignKey* key, const ZORAttribute* column);
+    /// A candidate key's columns in the order of its index or, without one, of their positions.
+    static ZORVector<ZORAttribute*> getOrderedColumns(const ZORCandidateKey* key);
+    /// One reference per member of the key that the subject area shows; those of a foreign key in the order
+    /// of the referenced key's members.
     void printKeyAttributes(ZORKey* key, const char* tag, MDCSubjectArea area);
     /// The link to the element that this one was derived from.
     void printTraceability(const char* tag, ZORModelObject* object, MDCSubjectArea area);
+    /// Notes on each column of the referenced key which column of the foreign key is its partner, and takes
+    /// the notes off again.
+    void pairColumns(const ZORForeignKey* key);
+    void unpairColumns(const ZORForeignKey* key);
     /// @}
 
     /// @name 6. Choice of a type set (types/TypeSetChoice.cpp)
@@ -150,7 +196,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     static const DTMTypeMap* getDTMTypeMap(const ZORType* type, const DTMTypeMap* table);
     /// The identifier of the type's counterpart in the set, whose table must not be null.
     int getDTMTypeID(MDCTypeSet& set, MDCSubjectArea area, ZORType* type);
-    /// The identifier of a type's domain: variant 1 the nullable one, 2 the not-null one, 0 whichever is used.
+    /// The identifier of a type's domain: variant 1 the nullable one, 2 the not-null one, 0 whichever is
+    /// used.
     int getERDTypeID(ZORType* type, int variant);
     /// 0 numeric or boolean, 2 date or time, 1 anything else.
     static int getDBMTypeCategory(const ZORType* type);
@@ -162,16 +209,29 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// @name 8. DBM: catalog and schemas (dbm/MicrosoftSqlServerMdsMdcDBMExport.cpp)
     /// @{
     bool isExportableDBMModelObject(const ZORModelObject* object) const;
+    /// Whether the package becomes a schema: it holds a table, a view or a constraint. Its own procedures do
+    /// not count.
+    bool isExportableDBMPackage(const ZORDesignPackage* package) const;
     void printDBMModel(ZORModel* model);
     /// The schema of a package and then those of its sub-packages.
     void printDBMPackages(ZORDesignPackage* package);
     void printDBMPackage(ZORDesignPackage* package);
+    void printDBMPackageSynonyms(ZORDesignPackage* package);
+    void printDBMPackageProcedures(ZORDesignPackage* package);
+    void printDBMPackageViews(ZORDesignPackage* package);
+    void printDBMPackageConstraints(ZORDesignPackage* package);
     /// @}
 
     /// @name 9. DBM: tables (dbm/Tables.cpp)
     /// @{
     bool isExportableDBMClass(ZORClass* cls) const;
+    /// Whether a key is a foreign key to be written with its table, which its association decides.
+    bool isExportableDBMTableForeignKey(ZORKey* key) const;
     void printDBMClass(ZORClass* cls);
+    void printDBMTableColumns(ZORClass* cls);
+    void printDBMTableKeys(ZORClass* cls);
+    void printDBMTableTriggers(ZORClass* cls);
+    void printDBMTableIndexes(ZORClass* cls);
     /// @}
 
     /// @name 10. DBM: columns (dbm/Columns.cpp)
@@ -180,6 +240,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     void printDBMAttribute(ZORAttribute* column, const ZORString* name);
     /// What the size of a column or parameter is called depends on the category of its type.
     void printDBMTypeSize(const ZORType* type);
+    /// The reference to the type's counterpart in the type set; nothing when no set is in force.
+    void printDBMDataType(ZORType* type);
     /// @}
 
     /// @name 11. DBM: keys and indexes (dbm/Keys.cpp)
@@ -209,28 +271,78 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
 
     /// @name 14. DBM: procedures and triggers (dbm/Procedures.cpp)
     /// @{
+    /// Those of the operations that are stored procedures of the database.
+    void printDBMStoredProcedures(const ZORVector<ZOROperation*>& operations);
     void printDBMOperation(ZOROperation* operation);
     void printDBMArgument(ZORArgument* argument);
     void printDBMTrigger(ZORTrigger* trigger);
     /// @}
 
+    /// @name 15. ERD: model, entities, attributes (erd/MicrosoftSqlServerMdsMdcERDExport.cpp)
+    /// @{
+    bool isExportableERDModelObject(const ZORModelObject* object) const;
+    bool isExportableERDClass(ZORClass* entity) const;
+    void printERDModel(ZORModel* model);
+    /// The entities of a package and then those of its sub-packages, under names unique in the table.
+    void printERDPackageClasses(ZORStringHashtable& names, ZORDesignPackage* package);
+    void printERDClass(ZORClass* entity);
+    void printERDAttribute(ZORAttribute* attribute);
+    /// All types' domains, in the variants that attributes referred to.
+    void printERDModelDomains(ZORModel* model);
+    /// @}
+
+    /// @name 16. ERD: keys (erd/EntityKeys.cpp)
+    /// @{
+    bool isExportableERDKey(ZORKey* key) const;
+    bool isExportableERDCandidateKey(ZORCandidateKey* key) const;
+    bool isExportableERDForeignKey(ZORForeignKey* key) const;
+    void printERDKey(ZORKey* key);
+    /// @}
+
+    /// @name 17. ERD: relationships (erd/Relationships.cpp)
+    /// @{
+    bool isExportableERDAssociation(ZORAssociation* association) const;
+    bool isExportableERDAssociationRole(ZORAssociationRole* role) const;
+    /// Nothing calls the filter and the printer of generalizations: the view shows them as relationships.
+    bool isExportableERDGeneralization(ZORGeneralization* generalization) const;
+    void printERDPackageAssociations(ZORDesignPackage* package);
+    void printERDAssociation(ZORAssociation* association);
+    /// The key is the foreign key of a child role, the referenced key of a parent role or null.
+    void printERDAssociationRole(ZORAssociationRole* role, ZORKey* key, bool isParent);
+    void printERDGeneralization(ZORGeneralization* generalization);
+    /// @}
+
+    /// @name 18. ERD: domains (erd/Domains.cpp)
+    /// @{
+    /// Variant 0: no word on null; 1: the nullable domain; 2: the not-null one.
+    void printERDType(ZORType* type, int variant);
+    void printERDParentDomains(ZORType* type, int variant);
+    void printERDDefaultValue(const ZORType* type);
+    void printERDValidValues(const ZORType* type);
+    void printERDTypeValue(ZORTypeValue* value);
+    /// @}
+
+    /// @name 19. ERD: diagrams (erd/Diagrams.cpp)
+    /// @{
+    /// The diagrams of a package and then those of its sub-packages, under names unique in the table.
+    void printERDPackageDiagrams(ZORStringHashtable& names, ZORDesignPackage* package);
+    void printERDDiagram(ZORDiagram* diagram);
+    void printERDGraphicFeatures(ZORDiagram* diagram);
+    /// @}
+
   protected:
     /// The state of one run. Each member says who writes it.
     /// @{
-    ZORModel* model_ = nullptr;                 ///< `run`
-    ZORLog* log_;                               ///< the constructor
-    int nextId_ = 1;                            ///< `run`, `getUniqueID`
-    mutable ObjectUserDataPool userData_;       ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
-    ZORVector<ZORModelObject*> auxiliary_;      ///< preprocessing and printers that make objects; `cleanup`
-    std::unique_ptr<StereotypeHashtable> stereotypes_;  ///< the UML printers; `cleanup`
-    MDCModelView modelView_ = MODEL_VIEW_UML;   ///< `run`
+    ZORModel* model_ = nullptr;             ///< `run`
+    ZORLog* log_;                           ///< the constructor
+    int nextId_ = 1;                        ///< `run`, `getUniqueID`
+    mutable ObjectUserDataPool userData_;   ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
+    ZORVector<ZORModelObject*> auxiliary_;  ///< preprocessing and printers that make objects; `cleanup`
+    MDCModelView modelView_ = MODEL_VIEW_UML;      ///< `run`
     MDCUML13Support uml13Support_ = UML_1_3_FULL;  ///< `run`
-    bool msRepository_ = false;                 ///< `run`
-    MDCTypeSet erdTypeSet_{50};                 ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    MDCTypeSet dbmTypeSet_{50};                 ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    int attributeState_ = 0;                    ///< the start tags and attributes of group 3
+    bool msRepository_ = false;                    ///< `run`
+    MDCTypeSet erdTypeSet_{50};                    ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    MDCTypeSet dbmTypeSet_{50};                    ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    int attributeState_ = 0;                       ///< the start tags and attributes of group 3
     /// @}
-
-  private:
-    void flagAttribute(const ZORString& name, bool value, bool force);
 };

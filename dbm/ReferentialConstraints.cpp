@@ -1,0 +1,96 @@
+// Relationships as referential constraints, and the filters that decide which foreign keys there are.
+
+#include "MicrosoftSqlServerMdsMdcExport.h"
+
+using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
+
+bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
+    ExportMark& mark = getDBMMark(association);
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
+    }
+    mark = MARK_NOT_EXPORTABLE;
+    const ZORVector<ZORAssociationRole*>& roles = association->getRoles();
+    if (!isExportableDBMModelObject(association) || roles.size() != 2) {
+        return false;
+    }
+    if (isExportableDBMAssociationRole(roles[0]) && isExportableDBMAssociationRole(roles[1]) &&
+        (roles[0]->getForeignKey() != nullptr || roles[1]->getForeignKey() != nullptr)) {
+        mark = MARK_EXPORTABLE;
+    }
+    return mark == MARK_EXPORTABLE;
+}
+
+bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
+    ExportMark& mark = getDBMMark(role);
+    if (mark == MARK_UNDECIDED) {
+        const bool exportable =
+            isExportableDBMModelObject(role->getAssociatedClass()) &&
+            (role->getForeignKey() == nullptr || isExportableDBMForeignKey(role->getForeignKey()));
+        mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
+    }
+    return mark == MARK_EXPORTABLE;
+}
+
+bool Bridge::isExportableDBMForeignKey(ZORForeignKey* key) const {
+    ExportMark& mark = getDBMMark(key);
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
+    }
+    mark = MARK_NOT_EXPORTABLE;
+    if (!isExportableDBMModelObject(key) || key->getCandidateKey() == nullptr) {
+        return false;
+    }
+    for (const ZORAttribute* column : key->getAttributes()) {
+        const ZORAttribute* counterpart = getCounterpart(key, column);
+        const bool isPhysical = isExportableDBMModelObject(column);
+        if (counterpart == nullptr || isPhysical != isExportableDBMModelObject(counterpart)) {
+            mark = MARK_NOT_EXPORTABLE;
+            break;
+        }
+        if (isPhysical) {
+            mark = MARK_EXPORTABLE;
+        }
+    }
+    return mark == MARK_EXPORTABLE;
+}
+
+void Bridge::printDBMAssociation(ZORAssociation* association) {
+    ZORAssociationRole* foreignKeyRole = association->getRoles()[0];
+    ZORAssociationRole* uniqueKeyRole = association->getRoles()[1];
+    if (foreignKeyRole->getForeignKey() == nullptr) {
+        std::swap(foreignKeyRole, uniqueKeyRole);
+    }
+    ZORForeignKey* foreignKey = foreignKeyRole->getForeignKey();
+    startTag("dbm:ReferentialConstraint"_z, association, DBM, true);
+    closeTag(false);
+    if (modelView_ == MODEL_VIEW_ERD_AND_DBM && isExportableERDAssociation(association)) {
+        printTraceability("erd:Relationship", association, ERD);
+    }
+    startTag("dbm:ReferentialConstraintUniqueKeyRole"_z, false);
+    printDBMAssociationRole(uniqueKeyRole, foreignKey->getCandidateKey());
+    endTag("dbm:ReferentialConstraintUniqueKeyRole"_z);
+    startTag("dbm:ReferentialConstraintForeignKeyRole"_z, false);
+    printDBMAssociationRole(foreignKeyRole, foreignKey);
+    endTag("dbm:ReferentialConstraintForeignKeyRole"_z);
+    endTag("dbm:ReferentialConstraint"_z);
+}
+
+void Bridge::printDBMAssociationRole(ZORAssociationRole* role, ZORKey* key) {
+    const bool isForeignKey = key->getElementType() == ZOR_FOREIGN_KEY;
+    const ZORString& tag = isForeignKey ? "dbm:ForeignKeyRole"_z : "dbm:UniqueKeyRole"_z;
+    const ZORString& keyCollection =
+        isForeignKey ? "dbm:ForeignKeyRoleForeignKey"_z : "dbm:UniqueKeyRoleUniqueKey"_z;
+    startTag(tag, role, DBM, false);
+    propertyAttribute("DeleteRule"_z, getXMLRule(role->getDeleteRule()));
+    propertyAttribute("UpdateRule"_z, getXMLRule(role->getUpdateRule()));
+    closeTag(false);
+    startTag("dbm:JoinRoleColumnSet"_z, false);
+    linkTag("dbm:LogicalTable"_z, role->getAssociatedClass(), DBM);
+    endTag("dbm:JoinRoleColumnSet"_z);
+    // The key is referred to whether or not it is in the document itself.
+    startTag(keyCollection, false);
+    linkTag(isForeignKey ? "dbm:ForeignKey"_z : "dbm:UniqueKey"_z, key, DBM);
+    endTag(keyCollection);
+    endTag(tag);
+}

@@ -49,8 +49,8 @@ class ZORClass : public ZORModelElement {
     ZORAttribute* addAttribute(std::unique_ptr<ZORAttribute> attribute) {
         return adopt(attributes_, std::move(attribute));
     }
-    /// The first attribute of this name in list order, letter case included, or null. Its index in the list is
-    /// stored in `position` where that is not null; -1 when there is none.
+    /// The first attribute of this name in list order, letter case included, or null. Its index in the list
+    /// is stored in `position` where that is not null; -1 when there is none.
     ZORAttribute* getAttribute(const ZORString& name, int* position = nullptr) const;
 
     const ZORVector<ZOROperation*>& getOperations() const noexcept { return operations_; }
@@ -73,7 +73,9 @@ class ZORClass : public ZORModelElement {
     /// The first index that implements the key, or null.
     ZORIndex* getIndexOfKey(const ZORKey* key) const noexcept;
     const ZORVector<ZORSynonym*>& getSynonyms() const noexcept { return synonyms_; }
-    ZORSynonym* addSynonym(std::unique_ptr<ZORSynonym> synonym) { return adopt(synonyms_, std::move(synonym)); }
+    ZORSynonym* addSynonym(std::unique_ptr<ZORSynonym> synonym) {
+        return adopt(synonyms_, std::move(synonym));
+    }
 
     /// The generalizations in which this class is a child.
     const ZORVector<ZORGeneralization*>& getGeneralizations() const noexcept { return generalizations_; }

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// The codes by which objects of the model are told apart. A class answers `isInstanceOf` for its own code, for
-/// those of its bases, for ANY and for OBJECT.
+/// The codes by which objects of the model are told apart. A class answers `isInstanceOf` for its own code,
+/// for those of its bases, for ANY and for OBJECT.
 enum ZORElementType : std::int16_t {
     ZOR_ANY = 0,
     ZOR_NOTE = 1,

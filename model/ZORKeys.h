@@ -55,7 +55,9 @@ class ZORForeignKey : public ZORKey {
     ZORCandidateKey* getCandidateKey() const noexcept { return candidateKey_; }
     void setCandidateKey(ZORCandidateKey* key) noexcept { candidateKey_ = key; }
     /// The role that carries the key: the last one that it was added to, null when there is none.
-    ZORAssociationRole* getAssociationRole() const noexcept { return roles_.isEmpty() ? nullptr : roles_.last(); }
+    ZORAssociationRole* getAssociationRole() const noexcept {
+        return roles_.isEmpty() ? nullptr : roles_.last();
+    }
 
   private:
     friend class ZORAssociationRole;

@@ -35,10 +35,10 @@ class ZORObject {
     }
 
     virtual const ZORString& getName() const { return name_; }
-    virtual void setName(const ZORString& name) { name_ = name; }
+    virtual void setName(ZORString name) { name_ = std::move(name); }
 
-    /// The one pointer that is free for the data of whoever works on the model at the moment; null when nobody
-    /// does. The object never follows it.
+    /// The one pointer that is free for the data of whoever works on the model at the moment; null when
+    /// nobody does. The object never follows it.
     void* getGeneralPointer() const noexcept { return generalPointer_; }
     void setGeneralPointer(void* pointer) noexcept { generalPointer_ = pointer; }
 
@@ -52,7 +52,8 @@ class ZORObject {
     virtual bool traverseParts(ZORTraversalOperation& operation, void*& context);
 
     template <typename Part>
-    static bool traverseList(const ZORVector<Part*>& parts, ZORTraversalOperation& operation, void*& context) {
+    static bool traverseList(const ZORVector<Part*>& parts, ZORTraversalOperation& operation,
+                             void*& context) {
         for (std::size_t i = 0; i < parts.size(); ++i) {
             if (!parts[i]->_depthTraversal(operation, context)) {
                 return false;
@@ -85,10 +86,10 @@ class ZORNote : public ZORObject {
 
 /// The base of everything that a model is made of.
 ///
-/// Ownership: an object owns its parts and its notes. `add...` operations that take a unique_ptr make the object
-/// the owner of the part and give back the part; those that take a plain pointer only refer to it. Destroying an
-/// object destroys its parts and leaves references to it as they are: an object that goes while the rest of its
-/// model stays is first taken out with `setOwner(nullptr)`.
+/// Ownership: an object owns its parts and its notes. `add...` operations that take a unique_ptr make the
+/// object the owner of the part and give back the part; those that take a plain pointer only refer to it.
+/// Destroying an object destroys its parts and leaves references to it as they are: an object that goes while
+/// the rest of its model stays is first taken out with `setOwner(nullptr)`.
 class ZORModelObject : public ZORObject {
   public:
     explicit ZORModelObject(ZORElementType type) noexcept : ZORObject(type) {}
@@ -116,10 +117,10 @@ class ZORModelObject : public ZORObject {
 
     /// The object whose part this one is; null for a model and for an object that stands alone.
     ZORObject* getOwner() const noexcept { return owner_; }
-    /// With null, takes the object out: it leaves its owner's list and undoes what it registered with others, and
-    /// the caller owns it. This works for model elements, association roles, types and lone arguments; of other
-    /// objects only the owner is forgotten. An owner other than null is only remembered: the owner's `add...`
-    /// operations call it.
+    /// With null, takes the object out: it leaves its owner's list and undoes what it registered with others,
+    /// and the caller owns it. This works for model elements, association roles, types and lone arguments; of
+    /// other objects only the owner is forgotten. An owner other than null is only remembered: the owner's
+    /// `add...` operations call it.
     virtual void setOwner(ZORObject* owner) { owner_ = owner; }
 
   protected:

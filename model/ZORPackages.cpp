@@ -29,10 +29,11 @@ void ZORModelElement::setOwner(ZORObject* owner) {
 }
 
 void ZORDiagram::addModelElement(ZORObject* element) {
-    elements_.append(element);
+    // In this order, what was half done is undone by taking the element out.
     if (element->isInstanceOf(ZOR_MODEL_ELEMENT)) {
         static_cast<ZORModelElement*>(element)->diagrams_.append(this);
     }
+    elements_.append(element);
 }
 
 ZORDesignPackage::~ZORDesignPackage() {

@@ -68,7 +68,9 @@ class ZORDesignPackage : public ZORPackage {
         return adopt(operations_, std::move(operation));
     }
     const ZORVector<ZORDiagram*>& getDiagrams() const noexcept { return diagrams_; }
-    ZORDiagram* addDiagram(std::unique_ptr<ZORDiagram> diagram) { return adopt(diagrams_, std::move(diagram)); }
+    ZORDiagram* addDiagram(std::unique_ptr<ZORDiagram> diagram) {
+        return adopt(diagrams_, std::move(diagram));
+    }
 
   protected:
     bool traverseParts(ZORTraversalOperation& operation, void*& context) override;

@@ -4,8 +4,9 @@
 
 #include "ZORPackages.h"
 
-// The lists of an object's parts in ascending position. An attribute has a position of its own, and attributes of
-// equal position keep their order; every other part's position is its index in the list that it stands in.
+// The lists of an object's parts in ascending position. An attribute has a position of its own, and
+// attributes of equal position keep their order; every other part's position is its index in the list that it
+// stands in.
 
 /// A list fetched by position; it holds the objects as they were when it was fetched.
 template <typename Part>

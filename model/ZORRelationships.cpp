@@ -35,8 +35,9 @@ void ZORAssociation::setAssociationClass(ZORClass* cls) noexcept {
 }
 
 void ZORGeneralization::addSubtypeClass(ZORClass* child) {
-    child->generalizations_.append(this);
+    // In this order, what was half done is undone by taking the generalization out.
     children_.append(child);
+    child->generalizations_.append(this);
 }
 
 void ZORGeneralization::setOwner(ZORObject* owner) {

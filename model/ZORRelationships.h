@@ -95,7 +95,9 @@ class ZORAssociation : public ZORRelationship {
     }
 
     const ZORVector<ZORAssociationRole*>& getRoles() const noexcept { return roles_; }
-    ZORAssociationRole* addRole(std::unique_ptr<ZORAssociationRole> role) { return adopt(roles_, std::move(role)); }
+    ZORAssociationRole* addRole(std::unique_ptr<ZORAssociationRole> role) {
+        return adopt(roles_, std::move(role));
+    }
     /// The class that holds the association's own features; null when there is none.
     ZORClass* getAssociationClass() const noexcept { return associationClass_; }
     /// The class's association is this one from now on.
@@ -129,7 +131,8 @@ class ZORGeneralization : public ZORRelationship {
     ZORGeneralization() noexcept : ZORRelationship(ZOR_GENERALIZATION) {}
     /// Carries over the common texts, the design level and the visibility; the copy has no classes, foreign
     /// keys, diagrams or notes and stands alone.
-    ZORGeneralization(const ZORGeneralization& other) : ZORRelationship(other), visibility_(other.visibility_) {}
+    ZORGeneralization(const ZORGeneralization& other)
+        : ZORRelationship(other), visibility_(other.visibility_) {}
     bool isInstanceOf(ZORElementType type) const noexcept override {
         return type == ZOR_GENERALIZATION || ZORRelationship::isInstanceOf(type);
     }

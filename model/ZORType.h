@@ -53,7 +53,9 @@ class ZORType : public ZORModelObject {
 
     const ZORVector<ZORTypeValue*>& getTypeValues() const noexcept { return values_; }
     std::size_t getTypeValueCount() const noexcept { return values_.size(); }
-    ZORTypeValue* addTypeValue(std::unique_ptr<ZORTypeValue> value) { return adopt(values_, std::move(value)); }
+    ZORTypeValue* addTypeValue(std::unique_ptr<ZORTypeValue> value) {
+        return adopt(values_, std::move(value));
+    }
 
     /// The type that an alias stands for, followed through aliases of aliases; any other type, and an alias
     /// without a base, is its own.

@@ -19,19 +19,17 @@ struct ZORBridgeSpecification {
     int flags[2] = {0, 0};
 };
 
-/// What an export bridge's library offers. Its one exported function, `get` + the library's name + `Interface`
-/// with C linkage, gives back the one object of this class, which is never freed.
+/// What an export bridge's library offers. Its one exported function, `get` + the library's name +
+/// `Interface` with C linkage, gives back the one object of this class, which is never freed.
 class ZORBridgeExportInterface {
   public:
-    /// Writes the model. True when the export completed; failures leave as ZORException. Afterwards the model is
-    /// as it was before. `fileName` may be ignored by a bridge that takes its path from an option.
+    virtual ~ZORBridgeExportInterface() = default;
+    /// Writes the model. True when the export completed; failures leave as ZORException. Afterwards the model
+    /// is as it was before. `fileName` may be ignored by a bridge that takes its path from an option.
     virtual bool run(const ZORString& fileName, ZORModel& model, ZOROptionList& options, ZORLog& log) = 0;
     /// Replaces what is in the list by the bridge's options, set to their defaults.
     virtual void getOptionList(ZOROptionList& list) = 0;
     virtual void getSpecification(const ZORString& bridgeId, ZORBridgeSpecification& specification) = 0;
     /// The base name of the document that tells what is written for which part of a model.
     virtual ZORString getMappingSpecificationXmlFile() = 0;
-
-  protected:
-    ~ZORBridgeExportInterface() = default;
 };

@@ -1,6 +1,6 @@
 // libZORBridgeLib: what a bridge is written with and what its host calls it through.
-// Here are files, the base of XML writers, options and the interface of export bridges. Finding, loading and running
-// a bridge is the manager's business; what a bridge writes is the bridge's.
+// Here are files, the base of XML writers, options and the interface of export bridges. Finding, loading and
+// running a bridge is the manager's business; what a bridge writes is the bridge's.
 #pragma once
 
 #include "ZORBridgeInterface.h"

@@ -92,8 +92,9 @@ class ZORFile {
     /// The policy of files that are opened from now on; EACH_LINE at the start of the program.
     static void setFlushPolicy(ZORFlushPolicy policy) noexcept;
 
-    /// What opens the paths of files. The host program may put its own in place, to write elsewhere than to the
-    /// path; an empty function restores the library's. It gives back null, with errno set, when it cannot.
+    /// What opens the paths of files. The host program may put its own in place, to write elsewhere than to
+    /// the path; an empty function restores the library's. It gives back null, with errno set, when it
+    /// cannot.
     using SinkOpener = std::function<std::unique_ptr<ZORSink>(const ZORString& path)>;
     static void setSinkOpener(SinkOpener opener);
 

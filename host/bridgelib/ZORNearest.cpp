@@ -36,7 +36,8 @@ std::size_t editDistance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::vector<std::string_view> findNearest(std::string_view word, const std::vector<std::string_view>& candidates) {
+std::vector<std::string_view> findNearest(std::string_view word,
+                                          const std::vector<std::string_view>& candidates) {
     constexpr std::size_t MOST = 3;
     // A word this long is no mistyped name, and comparing it would take its time.
     constexpr std::size_t LONGEST = 200;
@@ -53,7 +54,8 @@ std::vector<std::string_view> findNearest(std::string_view word, const std::vect
             ranked.emplace_back(distance, candidate);
         }
     }
-    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<std::string_view> nearest;
     for (std::size_t i = 0; i < std::min(MOST, ranked.size()); ++i) {
         nearest.push_back(ranked[i].second);

@@ -45,8 +45,8 @@ class ZOROption {
 };
 
 /// The option that a literal describes, set to its default.
-std::unique_ptr<ZOROption> generateOption(const ZORBridgeOptionLiteral& literal, const char* fileExtension = "",
-                                          const char* fileText = "");
+std::unique_ptr<ZOROption> generateOption(const ZORBridgeOptionLiteral& literal,
+                                          const char* fileExtension = "", const char* fileText = "");
 
 /// The options of a bridge with their values; it owns the options.
 class ZOROptionList {

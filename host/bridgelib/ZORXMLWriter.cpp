@@ -28,9 +28,10 @@ constexpr std::uint64_t repeat(unsigned char byte) {
 bool mayNeedWork(std::uint64_t word) {
     constexpr std::uint64_t HIGH = repeat(0x80);
     const auto hasZero = [](std::uint64_t value) { return (value - repeat(1)) & ~value & HIGH; };
-    // `"` and `&` (0x22, 0x26) differ in one bit, `<` and `>` (0x3c, 0x3e) in another: two tests find the four.
-    return ((word & HIGH) | ((word - repeat(0x20)) & ~word & HIGH) | hasZero((word & ~repeat(4)) ^ repeat('"')) |
-            hasZero((word & ~repeat(2)) ^ repeat('<'))) != 0;
+    // `"` and `&` (0x22, 0x26) differ in one bit, `<` and `>` (0x3c, 0x3e) in another: two tests find the
+    // four.
+    return ((word & HIGH) | ((word - repeat(0x20)) & ~word & HIGH) |
+            hasZero((word & ~repeat(4)) ^ repeat('"')) | hasZero((word & ~repeat(2)) ^ repeat('<'))) != 0;
 }
 
 /// The length of the clean bytes that the text begins with.
@@ -129,7 +130,8 @@ void ZORXMLWriter::convert(std::string_view text, Output& output) {
         output(text.substr(taken, allowed - taken));
         taken = allowed;
         if (taken < text.size() && !CLEAN[static_cast<unsigned char>(text[taken])]) {
-            const std::string_view reference = sequence.allowed ? referenceOf(text[taken]) : std::string_view();
+            const std::string_view reference =
+                sequence.allowed ? referenceOf(text[taken]) : std::string_view();
             output(reference.empty() ? REPLACEMENT_CHARACTER : reference);
             conversionFailures_ += reference.empty() ? 1 : 0;
             taken += sequence.allowed ? 1 : sequence.length;

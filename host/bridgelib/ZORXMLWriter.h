@@ -15,8 +15,8 @@ class ZORXMLWriter {
     /// The text as it stands in an attribute value of a UTF-8 document: `&`, `<`, `>` and `"` as entity
     /// references, tab, line feed and carriage return as character references (a reader gives those back as
     /// they were, not as blanks). Each ill-formed UTF-8 sequence (one per maximal subpart, the Unicode
-    /// Standard's recommended practice) and each character outside XML 1.0's Char production becomes U+FFFD and
-    /// is counted.
+    /// Standard's recommended practice) and each character outside XML 1.0's Char production becomes U+FFFD
+    /// and is counted.
     ZORString getXMLText(const ZORString& text);
 
     /// How many sequences and characters were replaced so far.

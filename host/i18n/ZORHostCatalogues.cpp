@@ -12,7 +12,8 @@ const ZORMessageLiteralOf<ZORString, ZORString> QLCM::ICU_CONVERSION_ERROR(
     "ICU_CONVERSION_ERROR", PREFIX, "2",
     "{0} characters that an XML document cannot hold were replaced, in {1} texts of the model", "WARNING");
 const ZORMessageLiteralOf<ZORString, ZORString> QLCM::FILE_WRITE_ERROR("FILE_WRITE_ERROR", PREFIX, "3",
-                                                                       "Unable to write file '{0}': {1}", "FATAL");
+                                                                       "Unable to write file '{0}': {1}",
+                                                                       "FATAL");
 
 const ZORBridgeEnumValueLiteral QLCM::BOOLEAN_ENUM_VALUE_TRUE("BOOLEAN_ENUM_VALUE_TRUE", "True");
 const ZORBridgeEnumValueLiteral QLCM::BOOLEAN_ENUM_VALUE_FALSE("BOOLEAN_ENUM_VALUE_FALSE", "False");

@@ -28,8 +28,8 @@ ZORString ZORTextParameters::createText() const {
     return result.append(rest);
 }
 
-ZORMessageLiteral::ZORMessageLiteral(const char* key, const ZORString& prefix, const char* code, const char* text,
-                                     const char* severity)
+ZORMessageLiteral::ZORMessageLiteral(const char* key, const ZORString& prefix, const char* code,
+                                     const char* text, const char* severity)
     : ZORTextLiteral(key, text), code_(code), severity_(severity), messageId_(prefix) {
     const std::size_t digits = std::min(code_.length(), BLANK_GLOBAL_CODE.size());
     messageId_.append('_')
@@ -47,8 +47,13 @@ ZORBridgeOptionEnumerationLiteral::ZORBridgeOptionEnumerationLiteral(
 }
 
 ZORBridgeSpecificationLiteral::ZORBridgeSpecificationLiteral(const char* bridgeId, const char* descriptionId,
-                                                             const char* toolWebReference, const char* vendorName,
-                                                             const char* toolName, const char* toolVersions,
+                                                             const char* toolWebReference,
+                                                             const char* vendorName, const char* toolName,
+                                                             const char* toolVersions,
                                                              const char* methodologySummary)
-    : ZORTextLiteral(bridgeId, descriptionId), toolWebReference_(toolWebReference), vendorName_(vendorName),
-      toolName_(toolName), toolVersions_(toolVersions), methodologySummary_(methodologySummary) {}
+    : ZORTextLiteral(bridgeId, descriptionId),
+      toolWebReference_(toolWebReference),
+      vendorName_(vendorName),
+      toolName_(toolName),
+      toolVersions_(toolVersions),
+      methodologySummary_(methodologySummary) {}

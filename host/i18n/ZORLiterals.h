@@ -75,7 +75,8 @@ class ZORMessageLiteralOf : public ZORMessageLiteral {
         return "[" + getMessageId() + "] " + toString(arguments...);
     }
     void log(ZORLog& log, const Arguments&... arguments) const {
-        log.log(ZORLogEvent(toString(arguments...), getMessageId(), ::getSeverity(getSeverity()), ZORString()));
+        log.log(
+            ZORLogEvent(toString(arguments...), getMessageId(), ::getSeverity(getSeverity()), ZORString()));
     }
     /// Throws a ZORException whose text is `getMessage`.
     [[noreturn]] void throwException(const Arguments&... arguments) const {
@@ -105,12 +106,15 @@ class ZORBridgeOptionEnumerationLiteral : public ZORTextLiteral {
 /// An option of a bridge; its key is the internal name.
 class ZORBridgeOptionLiteral : public ZORTextLiteral {
   public:
-    /// `type` is "File", "Enumerated", "Boolean" or "String"; `enumeration` may be null. The default is the text
-    /// of a text literal or of an enumeration value.
-    ZORBridgeOptionLiteral(const char* key, const char* displayName, const char* type, const char* description,
-                           const ZORBridgeOptionEnumerationLiteral* enumeration,
+    /// `type` is "File", "Enumerated", "Boolean" or "String"; `enumeration` may be null. The default is the
+    /// text of a text literal or of an enumeration value.
+    ZORBridgeOptionLiteral(const char* key, const char* displayName, const char* type,
+                           const char* description, const ZORBridgeOptionEnumerationLiteral* enumeration,
                            const ZORTextLiteral& defaultValue)
-        : ZORTextLiteral(key, displayName), type_(type), description_(description), enumeration_(enumeration),
+        : ZORTextLiteral(key, displayName),
+          type_(type),
+          description_(description),
+          enumeration_(enumeration),
           default_(defaultValue) {}
 
     const ZORString& getDisplayName() const noexcept { return getText(); }
@@ -129,9 +133,9 @@ class ZORBridgeOptionLiteral : public ZORTextLiteral {
 /// What the host knows of a bridge; its key is the bridge's identifier.
 class ZORBridgeSpecificationLiteral : public ZORTextLiteral {
   public:
-    ZORBridgeSpecificationLiteral(const char* bridgeId, const char* descriptionId, const char* toolWebReference,
-                                  const char* vendorName, const char* toolName, const char* toolVersions,
-                                  const char* methodologySummary);
+    ZORBridgeSpecificationLiteral(const char* bridgeId, const char* descriptionId,
+                                  const char* toolWebReference, const char* vendorName, const char* toolName,
+                                  const char* toolVersions, const char* methodologySummary);
 
     /// The key of the text, in the bridge's own catalogue, that describes the bridge.
     const ZORString& getDescriptionId() const noexcept { return getText(); }

@@ -14,7 +14,9 @@ ZORSeverity getSeverity(const ZORString& word) noexcept;
 class ZORLogEvent {
   public:
     ZORLogEvent(ZORString text, ZORString messageId, ZORSeverity severity, ZORString extraText)
-        : text_(std::move(text)), messageId_(std::move(messageId)), extraText_(std::move(extraText)),
+        : text_(std::move(text)),
+          messageId_(std::move(messageId)),
+          extraText_(std::move(extraText)),
           severity_(severity) {}
 
     const ZORString& getText() const noexcept { return text_; }

@@ -18,6 +18,6 @@ class ZORException : public std::exception {
     ZORString text_;
 };
 
-/// Prints the expression with the source name and line given and aborts. For programming errors only: no input
-/// that was checked reaches one.
+/// Prints the expression with the source name and line given and aborts. For programming errors only: no
+/// input that was checked reaches one.
 [[noreturn]] void zorAssertionFailed(const char* expression, const char* source, int line) noexcept;

@@ -5,8 +5,8 @@
 
 #include "ZORVector.h"
 
-/// A hash table of objects that it does not own. A subclass says what an object's key is: it hashes and compares
-/// objects and keys through the four operations below. It iterates in the order of insertion.
+/// A hash table of objects that it does not own. A subclass says what an object's key is: it hashes and
+/// compares objects and keys through the four operations below. It iterates in the order of insertion.
 ///
 /// Lookup and insertion take amortised constant time, equal members included.
 class ZORHashtable {
@@ -38,7 +38,8 @@ class ZORHashtable {
     virtual std::uint32_t hashKey(const void* key) const = 0;
 
   private:
-    /// Members of one bucket are chained from the oldest to the newest, so that a search meets the oldest first.
+    /// Members of one bucket are chained from the oldest to the newest, so that a search meets the oldest
+    /// first.
     struct Entry {
         void* object;
         std::uint32_t hash;

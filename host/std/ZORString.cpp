@@ -30,7 +30,8 @@ void ZORString::release() noexcept {
     std::free(block_);
 }
 
-ZORString::ZORString(const char* text) : ZORString(text == nullptr ? std::string_view() : std::string_view(text)) {}
+ZORString::ZORString(const char* text)
+    : ZORString(text == nullptr ? std::string_view() : std::string_view(text)) {}
 
 ZORString::ZORString(std::string_view text) {
     if (text.empty()) {

@@ -72,8 +72,8 @@ ZORString operator+(const ZORString& left, const ZORString& right);
 ZORString operator+(const ZORString& left, const char* right);
 ZORString operator+(const char* left, const ZORString& right);
 
-/// The hash of a text's bytes that the containers use. Equal texts have equal hashes; the value is the same in
-/// every process, so documents that depend on it are repeatable.
+/// The hash of a text's bytes that the containers use. Equal texts have equal hashes; the value is the same
+/// in every process, so documents that depend on it are repeatable.
 std::uint32_t stringHashCode(std::string_view text) noexcept;
 
 template <>
@@ -95,8 +95,8 @@ inline const ZORString literalString{std::string_view(Text.text, sizeof(Text.tex
 
 }  // namespace zor
 
-/// A ZORString that is made once, when the library is loaded: `"dbm:LogicalTable"_z`. For names that are passed
-/// by `const ZORString&` in hot code; not to be used while other static objects are being built.
+/// A ZORString that is made once, when the library is loaded: `"dbm:LogicalTable"_z`. For names that are
+/// passed by `const ZORString&` in hot code; not to be used while other static objects are being built.
 template <zor::LiteralText Text>
 const ZORString& operator""_z() noexcept {
     return zor::literalString<Text>;

@@ -3,14 +3,15 @@
 #include "ZORHashtable.h"
 #include "ZORString.h"
 
-/// A set of strings, letter case included, that inserts if absent. The table does not own the strings: who adds
-/// them frees them.
+/// A set of strings, letter case included, that inserts if absent. The table does not own the strings: who
+/// adds them frees them.
 class ZORStringHashtable {
   public:
     /// `initialSize` strings fit without the table growing.
     explicit ZORStringHashtable(std::size_t initialSize) : table_(initialSize) {}
 
-    /// Adds the string unless an equal one is a member. True when it was added; else it stays the caller's alone.
+    /// Adds the string unless an equal one is a member. True when it was added; else it stays the caller's
+    /// alone.
     bool add(ZORString* text) {
         if (table_.find(text) != nullptr) {
             return false;
@@ -39,7 +40,9 @@ class ZORStringHashtable {
             return text(a).view().compare(text(b).view());
         }
         int compare2Key(const void* a, const void* key) const override { return compare2Object(a, key); }
-        std::uint32_t hashObject(const void* member) const override { return stringHashCode(text(member).view()); }
+        std::uint32_t hashObject(const void* member) const override {
+            return stringHashCode(text(member).view());
+        }
         std::uint32_t hashKey(const void* key) const override { return hashObject(key); }
     };
 

@@ -77,8 +77,8 @@ class ZORVector {
         --block_->size;
     }
     void removeLast() noexcept { --block_->size; }
-    /// Removes the last element that equals `value`; what was added last is found at once. False when there is
-    /// none.
+    /// Removes the last element that equals `value`; what was added last is found at once. False when there
+    /// is none.
     bool removeLast(T value) noexcept {
         for (std::size_t index = size(); index > 0; --index) {
             if (items(block_)[index - 1] == value) {

@@ -1,0 +1,70 @@
+// Keys of entities, and the filters that decide which of them there are.
+
+#include "MicrosoftSqlServerMdsMdcExport.h"
+
+using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
+
+bool Bridge::isExportableERDKey(ZORKey* key) const {
+    if (key->getElementType() == ZOR_CANDIDATE_KEY) {
+        return isExportableERDClass(key->getAssociatedClass()) &&
+               isExportableERDCandidateKey(static_cast<ZORCandidateKey*>(key));
+    }
+    const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
+    return role != nullptr && isExportableERDAssociation(role->getAssociation());
+}
+
+bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
+    ExportMark& mark = getERDMark(key);
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
+    }
+    mark = MARK_NOT_EXPORTABLE;
+    if (!isExportableERDModelObject(key)) {
+        return false;
+    }
+    for (const ZORAttribute* attribute : key->getAttributes()) {
+        if (isExportableERDModelObject(attribute)) {
+            mark = MARK_EXPORTABLE;
+            break;
+        }
+    }
+    return mark == MARK_EXPORTABLE;
+}
+
+bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
+    ExportMark& mark = getERDMark(key);
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
+    }
+    mark = MARK_NOT_EXPORTABLE;
+    if (!isExportableERDModelObject(key) || key->getCandidateKey() == nullptr) {
+        return false;
+    }
+    for (const ZORAttribute* attribute : key->getAttributes()) {
+        const ZORAttribute* counterpart = getCounterpart(key, attribute);
+        const bool isLogical = isExportableERDModelObject(attribute);
+        if (counterpart == nullptr || isLogical != isExportableERDModelObject(counterpart)) {
+            mark = MARK_NOT_EXPORTABLE;
+            break;
+        }
+        if (isLogical) {
+            mark = MARK_EXPORTABLE;
+        }
+    }
+    return mark == MARK_EXPORTABLE;
+}
+
+void Bridge::printERDKey(ZORKey* key) {
+    const char* keyType = "4";
+    if (key->getElementType() != ZOR_FOREIGN_KEY) {
+        const auto* candidateKey = static_cast<const ZORCandidateKey*>(key);
+        keyType = candidateKey->getPrimaryOfClass() != nullptr ? "1" : candidateKey->isUnique() ? "2" : "3";
+    }
+    startTag("erd:Key"_z, key, ERD, true);
+    propertyAttribute("KeyType"_z, keyType);
+    closeTag(false);
+    startTag("erd:KeyAttributes"_z, false);
+    printKeyAttributes(key, "erd:Attribute", ERD);
+    endTag("erd:KeyAttributes"_z);
+    endTag("erd:Key"_z);
+}
