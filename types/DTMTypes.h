@@ -1,5 +1,5 @@
-// types/: the data-type conventions of database products, the choice of one, and the way from a type of the model to
-// a type of the convention. Nothing here knows what an element of a view looks like.
+// types/: the data-type conventions of database products, the choice of one, and the way from a type of the
+// model to a type of the convention. Nothing here knows what an element of a view looks like.
 #pragma once
 
 #include "ZORHashtable.h"
@@ -9,7 +9,10 @@
 struct DTMTypeMap {
     const char* sourceKey;  ///< old-style data-type name; null in the end row
     int sizeSelector;       ///< -1 any type, 0 only one without length and scale, 1 only one with either
-    const char* typeName;   ///< name in the target convention; null in the end row of a table without fallback
+    const char* typeName;  ///< name in the target convention; null in the end row of a table without fallback
+
+    /// The name to compare and to write: empty where there is no fallback.
+    const char* getTypeName() const noexcept { return typeName == nullptr ? "" : typeName; }
 };
 
 /// What stands behind one value of the type-set options; all null for "None" and "Default" and at the end.
@@ -26,8 +29,8 @@ extern const DTMTypeSetDescriptor DTM_TYPE_SET_DESCRIPTORS[];
 /// The table whose type names are the categories of `getDBMTypeCategory`, a digit each.
 extern const DTMTypeMap DTM_CATEGORY_TABLE[];
 
-/// The types of one set that were used, by their name in the convention: every source key that leads to the same
-/// name shares a member. The table owns its members.
+/// The types of one set that were used, by their name in the convention: every source key that leads to the
+/// same name shares a member. The table owns its members.
 class DTMTypeHashtable : public ZORHashtable {
   public:
     struct Member {
@@ -39,6 +42,7 @@ class DTMTypeHashtable : public ZORHashtable {
     ~DTMTypeHashtable() override;
     /// The member whose type name is that of the row, or null.
     const Member* findType(const DTMTypeMap* row) const { return static_cast<const Member*>(find(row)); }
+    /// Adds a member; the caller has seen that there is none of this type name.
     const Member& addType(const DTMTypeMap* row, int id);
     const Member& getType(std::size_t index) const { return *static_cast<const Member*>((*this)[index]); }
 
