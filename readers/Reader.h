@@ -1,5 +1,6 @@
-// readers/: from a real source to a model. A reader fills a ZORModel completely or fails with a message; it never hands
-// over a half-built one. Readers know the model, never the bridge, the manager or the program that calls them.
+// readers/: from a real source to a model. A reader fills a ZORModel completely or fails with a message; it
+// never hands over a half-built one. Readers know the model, never the bridge, the manager or the program
+// that calls them.
 #pragma once
 
 #include <cstdint>
@@ -20,11 +21,12 @@ namespace readers {
 class SourceError : public std::runtime_error {
   public:
     enum class Kind {
-        CANNOT_OPEN,   ///< there is nothing to read: missing, not permitted, a folder, in exclusive use
-        CANNOT_READ,   ///< there is something, but it is damaged or not understood
+        CANNOT_OPEN,  ///< there is nothing to read: missing, not permitted, a folder, in exclusive use
+        CANNOT_READ,  ///< there is something, but it is damaged or not understood
         INTERRUPTED
     };
-    /// `what` tells what is wrong and where, without the source's name in front; `hint` what to do, or nothing.
+    /// `what` tells what is wrong and where, without the source's name in front; `hint` what to do, or
+    /// nothing.
     SourceError(Kind kind, const std::string& what, std::string hint = {})
         : std::runtime_error(what), kind_(kind), hint_(std::move(hint)) {}
     Kind kind() const noexcept { return kind_; }
@@ -55,10 +57,10 @@ class LossReport {
     std::vector<Item> items_;
 };
 
-/// Which parts of a database are wanted. Names may hold the wildcards `*` and `?`; letter case counts unless the
-/// source says otherwise. Of several patterns that match a name, the most specific decides (the one with the most
-/// characters that are not wildcards; an exclusion wins a tie); a name that no pattern matches is wanted unless
-/// there are including patterns.
+/// Which parts of a database are wanted. Names may hold the wildcards `*` and `?`; letter case counts unless
+/// the source says otherwise. Of several patterns that match a name, the most specific decides (the one with
+/// the most characters that are not wildcards; an exclusion wins a tie); a name that no pattern matches is
+/// wanted unless there are including patterns.
 struct Selection {
     std::vector<std::string> schemas;
     std::vector<std::string> excludedSchemas;
@@ -75,7 +77,8 @@ struct Selection {
 /// A source as it was named, with what is needed to recognise it.
 class Source {
   public:
-    /// A file. Throws SourceError when there is none, or it is a folder or cannot be read.
+    /// A file. Throws SourceError when there is none, or it is a folder or cannot be read. A pipe is read to
+    /// its end at once and counts as text.
     static Source fromFile(const std::string& path);
     /// Text that was read already, such as standard input; `name` is what messages call it.
     static Source fromText(std::string name, std::string text);
@@ -86,10 +89,11 @@ class Source {
     const std::string& path() const noexcept { return path_; }
     /// The first bytes, at most 4096.
     std::string_view head() const noexcept { return head_; }
-    /// The whole content. Throws SourceError. Further bytes behind the content's end (`padding`) are readable,
+    /// The whole content. Throws SourceError. Behind the content's end so many NULs (`padding`) are readable,
     /// for parsers that read ahead; the capacity of the string is at least its size plus `padding`.
     std::string content(std::size_t padding = 0) const;
-    /// The last part of the path without its extensions: "shop" for "data/shop.model.json".
+    /// The last part of the path without its extension: "shop" for "data/shop.sqlite" and
+    /// "data/shop.model.json".
     std::string stem() const;
 
   private:
@@ -127,11 +131,11 @@ struct ReaderOption {
 
 /// What is known of a reader without reading anything.
 struct ReaderDescription {
-    std::string name;         ///< also the prefix of sources that name it: "sqlite" in "sqlite:shop.db"
-    std::string title;        ///< "SQLite database"
-    std::string recognition;  ///< how its sources are recognised, for the help
-    std::string naturalView;  ///< "uml", "erd", "dbm" or "erd+dbm": the view that suits its sources
-    std::string databaseType; ///< what its sources call their database type, or empty
+    std::string name;          ///< also the prefix of sources that name it: "sqlite" in "sqlite:shop.db"
+    std::string title;         ///< "SQLite database"
+    std::string recognition;   ///< how its sources are recognised, for the help
+    std::string naturalView;   ///< "uml", "erd", "dbm" or "erd+dbm": the view that suits its sources
+    std::string databaseType;  ///< what its sources call their database type, or empty
     bool takesSelection = false;
     std::vector<ReaderOption> options;
 };
@@ -141,8 +145,8 @@ class Reader {
   public:
     virtual ~Reader() = default;
     virtual const ReaderDescription& describe() const = 0;
-    /// Whether the source looks like one of this reader's, by its first bytes and, where those do not tell, by its
-    /// name.
+    /// Whether the source looks like one of this reader's, by its first bytes and, where those do not tell,
+    /// by its name.
     virtual bool identify(const Source& source) const = 0;
     /// Reads the source into a new model. Throws SourceError.
     virtual std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,

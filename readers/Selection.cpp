@@ -1,0 +1,145 @@
+#include "Selection.h"
+
+#include <algorithm>
+
+namespace readers {
+
+namespace {
+
+bool isContinuation(char byte) noexcept {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// Where the character after the one at `index` begins.
+std::size_t nextCharacter(std::string_view text, std::size_t index) noexcept {
+    ++index;
+    while (index < text.size() && isContinuation(text[index])) {
+        ++index;
+    }
+    return index;
+}
+
+/// How many characters of a pattern are not wildcards.
+std::size_t countLiterals(std::string_view pattern) {
+    return static_cast<std::size_t>(std::count_if(pattern.begin(), pattern.end(), [](char byte) {
+        return byte != '*' && byte != '?' && !isContinuation(byte);
+    }));
+}
+
+/// Lets every pattern that fits mark itself, and the most specific one decide. `fits` tells of one pattern.
+template <typename Patterns, typename Fits>
+bool decide(Patterns& patterns, const Fits& fits) {
+    bool anyIncludes = false;
+    const typename Patterns::value_type* decisive = nullptr;
+    for (auto& pattern : patterns) {
+        anyIncludes = anyIncludes || !pattern.excludes;
+        if (!fits(pattern)) {
+            continue;
+        }
+        pattern.matched = true;
+        const bool winsTie =
+            decisive != nullptr && pattern.specificity == decisive->specificity && pattern.excludes;
+        if (decisive == nullptr || pattern.specificity > decisive->specificity || winsTie) {
+            decisive = &pattern;
+        }
+    }
+    return decisive == nullptr ? !anyIncludes : !decisive->excludes;
+}
+
+}  // namespace
+
+bool matchesPattern(std::string_view pattern, std::string_view text) noexcept {
+    std::size_t p = 0;
+    std::size_t t = 0;
+    std::size_t afterStar =
+        std::string_view::npos;  // where to go on in the pattern when the rest does not fit
+    std::size_t starText = 0;    // where in the text the star's part ends for now
+    while (t < text.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            afterStar = ++p;
+            starText = t;
+        } else if (p < pattern.size() && pattern[p] == '?') {
+            ++p;
+            t = nextCharacter(text, t);
+        } else if (p < pattern.size() && pattern[p] == text[t]) {
+            ++p;
+            ++t;
+        } else if (afterStar != std::string_view::npos) {
+            p = afterStar;
+            t = starText = nextCharacter(text, starText);
+        } else {
+            return false;
+        }
+    }
+    return pattern.substr(p).find_first_not_of('*') == std::string_view::npos;
+}
+
+SelectionMatcher::SelectionMatcher(const Selection& selection, LetterCase letterCase)
+    : letterCase_(letterCase) {
+    addPatterns(schemas_, selection.schemas, false);
+    addPatterns(schemas_, selection.excludedSchemas, true);
+    addPatterns(tables_, selection.tables, false);
+    addPatterns(tables_, selection.excludedTables, true);
+}
+
+void SelectionMatcher::addPatterns(Patterns& patterns, const std::vector<std::string>& given,
+                                   bool excludes) const {
+    for (const std::string& text : given) {
+        patterns.push_back(
+            {text, comparedForm(text), countLiterals(text), excludes, text.find('.') != std::string::npos});
+    }
+}
+
+std::string SelectionMatcher::comparedForm(std::string_view text) const {
+    std::string form(text);
+    if (letterCase_ == LetterCase::IGNORED) {
+        std::transform(form.begin(), form.end(), form.begin(), [](char byte) {
+            return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+        });
+    }
+    return form;
+}
+
+bool SelectionMatcher::wantsSchema(std::string_view schema) {
+    const std::string name = comparedForm(schema);
+    return decide(schemas_, [&](const Pattern& pattern) { return matchesPattern(pattern.compared, name); });
+}
+
+bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view table) {
+    if (!wantsSchema(schema)) {
+        return false;
+    }
+    const std::string name = comparedForm(table);
+    const std::string qualified = comparedForm(schema) + '.' + name;
+    return decide(tables_, [&](const Pattern& pattern) {
+        return matchesPattern(pattern.compared, name) ||
+               (pattern.hasDot && matchesPattern(pattern.compared, qualified));
+    });
+}
+
+std::vector<std::string> SelectionMatcher::unmatchedPatterns() const {
+    std::vector<std::string> unmatched;
+    for (const Patterns* patterns : {&schemas_, &tables_}) {
+        for (const Pattern& pattern : *patterns) {
+            if (!pattern.matched) {
+                unmatched.push_back(pattern.given);
+            }
+        }
+    }
+    return unmatched;
+}
+
+void SelectionMatcher::warnOfUnmatchedPatterns(ReadContext& context) const {
+    for (const Pattern& pattern : schemas_) {
+        if (!pattern.matched) {
+            context.warn(pattern.given, "no schema matches this pattern");
+        }
+    }
+    for (const Pattern& pattern : tables_) {
+        if (!pattern.matched) {
+            context.warn(pattern.given, "no table or view matches this pattern");
+        }
+    }
+}
+
+}  // namespace readers
