@@ -4,6 +4,7 @@
 
 #include "Preprocessing.h"
 #include "QLT_SQMDC.h"
+#include "Stereotypes.h"
 
 namespace {
 
@@ -54,7 +55,8 @@ ZORString readOutputPath(const ZOROptionList& options) {
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
-Bridge::ZORMicrosoftSqlServerMdsMdcExportBridge(ZORLog* log) : log_(log) {}
+Bridge::ZORMicrosoftSqlServerMdsMdcExportBridge(ZORLog* log)
+    : log_(log), stereotypes_(std::make_unique<StereotypeHashtable>(50)) {}
 
 Bridge::~ZORMicrosoftSqlServerMdsMdcExportBridge() {
     try {
@@ -130,6 +132,7 @@ void Bridge::cleanup() {
         delete object;
     }
     auxiliary_.clear();
+    stereotypes_->freeAll();
     if (model_ != nullptr && userData_.inUse() > 0) {
         ResetGeneralPointerOperation reset(userData_);
         void* context = nullptr;

@@ -12,6 +12,9 @@
 #include "ZORBridgeLib.h"
 #include "ZORStringHashtable.h"
 
+class LazyCollection;
+struct UMLStereotype;
+
 /// The subject areas. They index an object's identifiers and choose behaviour in the writer and the type
 /// sets.
 enum MDCSubjectArea { UML = 0, ERD = 1, DBM = 2 };
@@ -45,6 +48,11 @@ enum MDCUML13Support { UML_1_3_FULL = 0, UML_1_3_PARTIAL = 1, UML_1_3_DISABLED =
 /// |    17 | ERD: relationships                       | erd/Relationships.cpp                      |
 /// |    18 | ERD: domains                             | erd/Domains.cpp                            |
 /// |    19 | ERD: diagrams                            | erd/Diagrams.cpp                           |
+/// |    20 | UML: model and packages                  | uml/MicrosoftSqlServerMdsMdcUMLExport.cpp  |
+/// |    21 | UML: classes and data types              | uml/Classes.cpp                            |
+/// |    22 | UML: attributes, operations, parameters  | uml/Features.cpp                           |
+/// |    23 | UML: relationships                       | uml/ClassRelationships.cpp                 |
+/// |    24 | UML: stereotypes, constraints, comments  | uml/Extensions.cpp                         |
 ///
 /// A source file defines its group in the order in which it stands here: filters (`isExportable...`), then
 /// mappings (`get...`), then printers. Preprocessing (bridge/Preprocessing.h) and the type tables
@@ -53,6 +61,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
   public:
     class PreprocessOperation;
     class ResetGeneralPointerOperation;
+    class StereotypeHashtable;
+    class UMLConstraint;
     class ZORMDCGeneralization;
 
     /// One chosen type set: its table (null: no type set), what is written of it, the types used so far.
@@ -330,6 +340,92 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     void printERDGraphicFeatures(ZORDiagram* diagram);
     /// @}
 
+    /// Objects whose notes are to be written as comments, in the order of their elements.
+    using CommentList = ZORVector<ZORModelObject*>;
+    /// Constraints that are to be written behind the element at hand.
+    using ConstraintList = ZORVector<UMLConstraint*>;
+
+    /// @name 20. UML: model and packages (uml/MicrosoftSqlServerMdsMdcUMLExport.cpp)
+    /// @{
+    bool isExportableUMLModelObject(const ZORModelObject* object) const;
+    /// Whether an element of a package is written with the package.
+    bool isExportableUMLElement(const ZORModelElement* element) const;
+    /// The UML name of the object's kind. Interfaces count as classes.
+    static const char* getUMLName(const ZORModelObject* object);
+    void printUMLModel(ZORModel* model);
+    void printUMLTypes(ZORModel* model, LazyCollection& owned);
+    void printUMLStereotypes(LazyCollection& owned);
+    void printUMLPackage(ZORDesignPackage* package, CommentList& comments);
+    void printUMLElement(ZORModelElement* element, CommentList& comments);
+    /// @}
+
+    /// @name 21. UML: classes and data types (uml/Classes.cpp)
+    /// @{
+    static bool isUMLInterface(const ZORClass* cls);
+    static const ZORString& getUMLClassTag(const ZORClass* cls);
+    void printUMLClass(ZORClass* cls, CommentList& comments);
+    void printUMLClassStereotype(ZORClass* cls);
+    void printUMLTemplateParameters(ZORClass* cls, CommentList& comments);
+    void printUMLFeatures(ZORClass* cls, CommentList& comments, ConstraintList& constraints);
+    void printUMLClassGeneralizations(ZORClass* cls);
+    void printUMLClientDependencies(ZORClass* cls);
+    void printUMLType(ZORType* type);
+    /// @}
+
+    /// @name 22. UML: attributes, operations, parameters (uml/Features.cpp)
+    /// @{
+    bool isExportableUMLAttribute(const ZORAttribute* attribute) const;
+    bool isExportableUMLOperation(const ZOROperation* operation) const;
+    /// Null for an argument without a direction.
+    static const char* getUMLArgumentKind(ZORArgumentType kind);
+    static const char* getUMLConcurrency(ZORConcurrencyType concurrency);
+    static const char* getUMLOwnerScope(bool isStatic);
+    /// The operation's name with the types and names of its arguments.
+    static ZORString getUMLSignature(const ZOROperation* operation);
+    void printUMLAttribute(ZORAttribute* attribute, CommentList& comments);
+    void printUMLOperation(ZOROperation* operation, CommentList& comments, ConstraintList& constraints);
+    void printUMLParameters(ZOROperation* operation, CommentList& comments);
+    void printUMLArgument(ZORArgument* argument, CommentList& comments);
+    void linkUMLType(ZORType* type);
+    /// @}
+
+    /// @name 23. UML: relationships (uml/ClassRelationships.cpp)
+    /// @{
+    bool isExportableUMLAssociation(const ZORAssociation* association) const;
+    bool isExportableUMLGeneralization(const ZORGeneralization* generalization) const;
+    bool isExportableUMLDependency(const ZORDependency* dependency) const;
+    bool isExportableUMLRealization(const ZORRealization* realization) const;
+    static const char* getUMLAggregation(const ZORAssociationRole* role);
+    void printUMLAssociation(ZORAssociation* association, CommentList& comments);
+    /// The ends of an association, or of an association class.
+    void printUMLConnection(ZORAssociation* association, CommentList& comments, ConstraintList& constraints);
+    void printUMLAssociationRole(ZORAssociationRole* role, CommentList& comments,
+                                 ConstraintList& constraints);
+    void printUMLGeneralization(ZORGeneralization* generalization, CommentList& comments);
+    void printUMLDependency(ZORDependency* dependency, CommentList& comments);
+    void printUMLRealization(ZORRealization* realization, CommentList& comments);
+    void printUMLSupplier(ZORClass* supplier);
+    void linkUMLClass(ZORClass* cls);
+    /// @}
+
+    /// @name 24. UML: stereotypes, constraints, comments (uml/Extensions.cpp)
+    /// @{
+    /// Remembers the object when it carries notes.
+    static void collectComments(ZORModelObject* object, CommentList& comments);
+    /// Makes a constraint of a text that is not empty. `stereotype` may be null.
+    void addUMLConstraint(ZORModelObject* element, const char* stereotype, const ZORString& body,
+                          ConstraintList& constraints);
+    void printUMLStereotype(const UMLStereotype* record);
+    void printUMLTaggedValue(const char* name, const ZORString& value);
+    void printUMLConstraint(UMLConstraint* constraint);
+    void printUMLComments(const CommentList& objects);
+    /// The reference to the object's own stereotype or, for an object that has none, to a standard one, which
+    /// may be null; the stereotype's element follows at the end of the model.
+    void linkUMLStereotype(ZORModelObject* object, const char* standard);
+    /// A reference under the UML name of the object's kind.
+    void linkUMLTag(ZORModelObject* object);
+    /// @}
+
   protected:
     /// The state of one run. Each member says who writes it.
     /// @{
@@ -338,11 +434,12 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     int nextId_ = 1;                        ///< `run`, `getUniqueID`
     mutable ObjectUserDataPool userData_;   ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
     ZORVector<ZORModelObject*> auxiliary_;  ///< preprocessing and printers that make objects; `cleanup`
-    MDCModelView modelView_ = MODEL_VIEW_UML;      ///< `run`
-    MDCUML13Support uml13Support_ = UML_1_3_FULL;  ///< `run`
-    bool msRepository_ = false;                    ///< `run`
-    MDCTypeSet erdTypeSet_{50};                    ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    MDCTypeSet dbmTypeSet_{50};                    ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    int attributeState_ = 0;                       ///< the start tags and attributes of group 3
+    std::unique_ptr<StereotypeHashtable> stereotypes_;  ///< `linkUMLStereotype`; `cleanup`
+    MDCModelView modelView_ = MODEL_VIEW_UML;           ///< `run`
+    MDCUML13Support uml13Support_ = UML_1_3_FULL;       ///< `run`
+    bool msRepository_ = false;                         ///< `run`
+    MDCTypeSet erdTypeSet_{50};                         ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    MDCTypeSet dbmTypeSet_{50};                         ///< `run`, `dtmInit`; its types `getDTMTypeID`
+    int attributeState_ = 0;                            ///< the start tags and attributes of group 3
     /// @}
 };

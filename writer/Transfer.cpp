@@ -66,6 +66,9 @@ void Bridge::printTransferHeader() {
 }
 
 void Bridge::printTransferContent() {
+    if (modelView_ == MODEL_VIEW_UML) {
+        printUMLModel(model_);
+    }
     if (modelView_ == MODEL_VIEW_ERD || modelView_ == MODEL_VIEW_ERD_AND_DBM) {
         printERDModel(model_);
         printDTMTypeSet("dtm:TypeSet", "dtm:TypeSetTypes", "erd:DataType", erdTypeSet_);
