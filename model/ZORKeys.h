@@ -58,6 +58,8 @@ class ZORForeignKey : public ZORKey {
     ZORAssociationRole* getAssociationRole() const noexcept {
         return roles_.isEmpty() ? nullptr : roles_.last();
     }
+    /// All roles that carry the key, in the order in which it was added to them.
+    const ZORVector<ZORAssociationRole*>& getAssociationRoles() const noexcept { return roles_; }
 
   private:
     friend class ZORAssociationRole;
