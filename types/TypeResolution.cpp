@@ -1,17 +1,30 @@
 // Type resolution and type-set output.
 
 #include <cstring>
+#include <string>
 
 #include "MicrosoftSqlServerMdsMdcExport.h"
+
+namespace {
+
+/// Every source key has at least as many characters; comparing so many at once passes over most rows.
+constexpr std::size_t SHORTEST_KEY = std::char_traits<char>::length("SQL_CHAR");
+
+bool hasKey(const DTMTypeMap& row, const ZORString& key) noexcept {
+    return !key.isEmpty() && std::memcmp(row.sourceKey, key.c_str(), SHORTEST_KEY) == 0 &&
+           std::strcmp(row.sourceKey, key.c_str()) == 0;
+}
+
+}  // namespace
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 const DTMTypeMap* Bridge::getDTMTypeMap(const ZORType* type, const DTMTypeMap* table) {
     const int sized = type->getLength() != 0 || type->getScale() != 0 ? 1 : 0;
-    const char* key = getOldDataType(type->getDataType()).c_str();
+    const ZORString& key = getOldDataType(type->getDataType());
     const DTMTypeMap* row = table;
-    while (row->sourceKey != nullptr && !((row->sizeSelector == -1 || row->sizeSelector == sized) &&
-                                          std::strcmp(row->sourceKey, key) == 0)) {
+    while (row->sourceKey != nullptr &&
+           !(hasKey(*row, key) && (row->sizeSelector == -1 || row->sizeSelector == sized))) {
         ++row;
     }
     return row;
