@@ -21,18 +21,24 @@ const ZORBridgeOptionLiteral* const OPTIONS[] = {
     &QLT_SQMDC::BP_XML_INDENTATION__PRETTY_PRINTING_,
 };
 
-}  // namespace
-
-bool ZORMicrosoftSqlServerMdsMdcExportDllInterface::run(const ZORString& /*fileName*/, ZORModel& model,
-                                                        ZOROptionList& options, ZORLog& log) {
+/// Calls the action with a new bridge; an exception that is not the host's leaves as the host's message.
+template <typename Action>
+void withBridge(ZORLog& log, const Action& action) {
     try {
         ZORMicrosoftSqlServerMdsMdcExportBridge bridge(&log);
-        bridge.run(&model, &options);
+        action(bridge);
     } catch (const ZORException&) {
         throw;
     } catch (...) {
         QLCM::BRIDGE_UNEXPECTED_ERROR.throwException(QLT_SQMDC::getDocumentId());
     }
+}
+
+}  // namespace
+
+bool ZORMicrosoftSqlServerMdsMdcExportDllInterface::run(const ZORString& /*fileName*/, ZORModel& model,
+                                                        ZOROptionList& options, ZORLog& log) {
+    withBridge(log, [&](ZORMicrosoftSqlServerMdsMdcExportBridge& bridge) { bridge.run(&model, &options); });
     return true;
 }
 
@@ -64,6 +70,13 @@ void ZORMicrosoftSqlServerMdsMdcExportDllInterface::getSpecification(const ZORSt
 
 ZORString ZORMicrosoftSqlServerMdsMdcExportDllInterface::getMappingSpecificationXmlFile() {
     return "ZORMicrosoftSqlServerMdsMdcDBMExport";
+}
+
+void ZORMicrosoftSqlServerMdsMdcExportDllInterface::inspect(ZORModel& model, ZOROptionList& options,
+                                                            ZORLog& log, ZORExportObserver& observer) {
+    withBridge(log, [&](ZORMicrosoftSqlServerMdsMdcExportBridge& bridge) {
+        bridge.inspect(&model, &options, &observer);
+    });
 }
 
 extern "C" ZORBridgeExportInterface* getZORMicrosoftSqlServerMdsMdcExportInterface() {

@@ -51,6 +51,12 @@ ZORString readOutputPath(const ZOROptionList& options) {
     return {};
 }
 
+/// For runs whose document nobody reads.
+class NullSink : public ZORSink {
+  public:
+    void write(const char* /*bytes*/, std::size_t /*count*/) override {}
+};
+
 }  // namespace
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
@@ -67,16 +73,32 @@ Bridge::~ZORMicrosoftSqlServerMdsMdcExportBridge() {
 }
 
 bool Bridge::run(ZORModel* model, ZOROptionList* options) {
+    startRun(model, *options);
+    exportModel(*options, nullptr);
+    return true;
+}
+
+void Bridge::inspect(ZORModel* model, ZOROptionList* options, ZORExportObserver* observer) {
+    observer_ = observer;
+    startRun(model, *options);
+    exportModel(*options, std::make_unique<NullSink>());
+}
+
+void Bridge::startRun(ZORModel* model, const ZOROptionList& options) {
     nextId_ = 1;
     model_ = model;
     if (hasSeveralCatalogs(*model)) {
         QLT_SQMDC::MDC_E_MULTIPLE_CATALOGS_DETECTED.log(*log_);
     }
-    readOptions(*options);
+    readOptions(options);
+}
+
+void Bridge::exportModel(const ZOROptionList& options, std::unique_ptr<ZORSink> sink) {
     try {
-        file_.setPath(readOutputPath(*options));
-        if (!file_.openForOutput()) {
-            QLT_SQMDC::MDC_E_UNABLE_TO_OPEN_OUTPUT_FILE.throwException(file_.getPath());
+        if (sink != nullptr) {
+            file_.open(std::move(sink));
+        } else {
+            openOutput(options);
         }
         PreprocessOperation().run(this);
         printTransfer();
@@ -93,7 +115,13 @@ bool Bridge::run(ZORModel* model, ZOROptionList* options) {
         }
         throw;
     }
-    return true;
+}
+
+void Bridge::openOutput(const ZOROptionList& options) {
+    file_.setPath(readOutputPath(options));
+    if (!file_.openForOutput()) {
+        QLT_SQMDC::MDC_E_UNABLE_TO_OPEN_OUTPUT_FILE.throwException(file_.getPath());
+    }
 }
 
 void Bridge::readOptions(const ZOROptionList& options) {
@@ -114,6 +142,19 @@ void Bridge::readOptions(const ZOROptionList& options) {
     }
     // The unit's first content is the name of the option that holds the unit.
     indentationUnit_ = options.getValue(indentationUnit_);
+}
+
+bool Bridge::leaveOut(const ZORObject* object, MDCSubjectArea area, const char* reason,
+                      const ZORModelObject* other) const {
+    if (observer_ != nullptr) {
+        static constexpr const char* AREAS[] = {"uml", "erd", "dbm"};
+        const ZORTextLiteral literal("", reason);
+        ZORTextParameters parameters(literal);
+        const ZORString name = other != nullptr ? other->getDisplayName() : ZORString();
+        parameters.setValue(0, name);
+        observer_->leftOut(object, AREAS[area], parameters.createText());
+    }
+    return false;
 }
 
 void Bridge::cleanup() {

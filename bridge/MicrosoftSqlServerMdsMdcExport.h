@@ -81,8 +81,26 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// Writes the model to the file that the option "File" names. True when the export completed; failures
     /// leave by exception, with the model as it was.
     bool run(ZORModel* model, ZOROptionList* options);
+    /// Goes through a run without a file and tells the observer what is written and what is left out.
+    void inspect(ZORModel* model, ZOROptionList* options, ZORExportObserver* observer);
+    /// What comes before a file is opened: the identifiers start anew, the options are read.
+    void startRun(ZORModel* model, const ZOROptionList& options);
+    /// From the opening of the file, or of the sink in its place, to the model as it was.
+    void exportModel(const ZOROptionList& options, std::unique_ptr<ZORSink> sink);
+    void openOutput(const ZOROptionList& options);
     /// Sets the state that the options decide, type sets included.
     void readOptions(const ZOROptionList& options);
+    /// Tells the observer, if there is one, that an element of this tag stands for the object. Start tags of
+    /// objects do so by themselves.
+    void tellWritten(const ZORObject* object, const ZORString& tag) const {
+        if (observer_ != nullptr) {
+            observer_->written(object, tag);
+        }
+    }
+    /// Tells the observer, if there is one, why the object is not in the subject area: filters end with it
+    /// when they refuse an object. `reason` may hold "{0}" for the name of the other object. Always false.
+    bool leaveOut(const ZORObject* object, MDCSubjectArea area, const char* reason,
+                  const ZORModelObject* other = nullptr) const;
     /// Releases all that the export attached to the model or created. Harmless when there is nothing (left).
     void cleanup();
     /// Frees the strings of a table of unique names and empties it.
@@ -350,6 +368,9 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     bool isExportableUMLModelObject(const ZORModelObject* object) const;
     /// Whether an element of a package is written with the package.
     bool isExportableUMLElement(const ZORModelElement* element) const;
+    /// Whether a type is written as a data type: not when a class stands for it, nor a plain type that
+    /// nothing refers to.
+    bool isExportableUMLType(const ZORType* type) const;
     /// The UML name of the object's kind. Interfaces count as classes.
     static const char* getUMLName(const ZORModelObject* object);
     void printUMLModel(ZORModel* model);
@@ -395,6 +416,9 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     bool isExportableUMLGeneralization(const ZORGeneralization* generalization) const;
     bool isExportableUMLDependency(const ZORDependency* dependency) const;
     bool isExportableUMLRealization(const ZORRealization* realization) const;
+    /// Whether both classes of a relationship are in the view.
+    bool areEndsExportable(const ZORModelObject* relationship, const ZORClass* end,
+                           const ZORClass* otherEnd) const;
     static const char* getUMLAggregation(const ZORAssociationRole* role);
     void printUMLAssociation(ZORAssociation* association, CommentList& comments);
     /// The ends of an association, or of an association class.
@@ -429,17 +453,18 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
   protected:
     /// The state of one run. Each member says who writes it.
     /// @{
-    ZORModel* model_ = nullptr;             ///< `run`
-    ZORLog* log_;                           ///< the constructor
-    int nextId_ = 1;                        ///< `run`, `getUniqueID`
-    mutable ObjectUserDataPool userData_;   ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
-    ZORVector<ZORModelObject*> auxiliary_;  ///< preprocessing and printers that make objects; `cleanup`
+    ZORModel* model_ = nullptr;              ///< `startRun`
+    ZORLog* log_;                            ///< the constructor
+    ZORExportObserver* observer_ = nullptr;  ///< `inspect`
+    int nextId_ = 1;                         ///< `startRun`, `getUniqueID`
+    mutable ObjectUserDataPool userData_;    ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
+    ZORVector<ZORModelObject*> auxiliary_;   ///< preprocessing and printers that make objects; `cleanup`
     std::unique_ptr<StereotypeHashtable> stereotypes_;  ///< `linkUMLStereotype`; `cleanup`
-    MDCModelView modelView_ = MODEL_VIEW_UML;           ///< `run`
-    MDCUML13Support uml13Support_ = UML_1_3_FULL;       ///< `run`
-    bool msRepository_ = false;                         ///< `run`
-    MDCTypeSet erdTypeSet_{50};                         ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    MDCTypeSet dbmTypeSet_{50};                         ///< `run`, `dtmInit`; its types `getDTMTypeID`
-    int attributeState_ = 0;                            ///< the start tags and attributes of group 3
+    MDCModelView modelView_ = MODEL_VIEW_UML;           ///< `readOptions`
+    MDCUML13Support uml13Support_ = UML_1_3_FULL;       ///< `readOptions`
+    bool msRepository_ = false;                         ///< `readOptions`
+    MDCTypeSet erdTypeSet_{50};  ///< `readOptions`, `dtmInit`; its types `getDTMTypeID`
+    MDCTypeSet dbmTypeSet_{50};  ///< `readOptions`, `dtmInit`; its types `getDTMTypeID`
+    int attributeState_ = 0;     ///< the start tags and attributes of group 3
     /// @}
 };

@@ -11,8 +11,11 @@ bool Bridge::isExportableDBMCandidateKey(ZORCandidateKey* key) const {
     }
     mark = MARK_NOT_EXPORTABLE;
     // A primary key that is not marked unique is left out as well.
-    if (!isExportableDBMModelObject(key) || !key->isUnique()) {
+    if (!isExportableDBMModelObject(key)) {
         return false;
+    }
+    if (!key->isUnique()) {
+        return leaveOut(key, DBM, "it is not marked unique");
     }
     for (const ZORAttribute* column : key->getAttributes()) {
         if (isExportableDBMModelObject(column)) {
@@ -20,7 +23,7 @@ bool Bridge::isExportableDBMCandidateKey(ZORCandidateKey* key) const {
             break;
         }
     }
-    return mark == MARK_EXPORTABLE;
+    return mark == MARK_EXPORTABLE || leaveOut(key, DBM, "none of its columns is in the database");
 }
 
 bool Bridge::isExportableDBMIndex(ZORIndex* index) const {
@@ -38,7 +41,7 @@ bool Bridge::isExportableDBMIndex(ZORIndex* index) const {
             break;
         }
     }
-    return mark == MARK_EXPORTABLE;
+    return mark == MARK_EXPORTABLE || leaveOut(index, DBM, "none of its columns is in the database");
 }
 
 void Bridge::printDBMKey(ZORKey* key) {

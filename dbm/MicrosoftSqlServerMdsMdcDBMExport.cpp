@@ -18,7 +18,7 @@ struct SchemaContent {
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableDBMModelObject(const ZORModelObject* object) const {
-    return object->getDesignLevel() != ZOR_LOGICAL_ONLY;
+    return object->getDesignLevel() != ZOR_LOGICAL_ONLY || leaveOut(object, DBM, "it is logical only");
 }
 
 bool Bridge::isExportableDBMPackage(const ZORDesignPackage* package) const {
@@ -31,7 +31,7 @@ bool Bridge::isExportableDBMPackage(const ZORDesignPackage* package) const {
             return true;
         }
     }
-    return false;
+    return leaveOut(package, DBM, "it holds no table, view or relationship of the database");
 }
 
 void Bridge::printDBMModel(ZORModel* model) {

@@ -11,25 +11,39 @@ bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
     }
     mark = MARK_NOT_EXPORTABLE;
     const ZORVector<ZORAssociationRole*>& roles = association->getRoles();
-    if (!isExportableDBMModelObject(association) || roles.size() != 2) {
+    if (!isExportableDBMModelObject(association)) {
         return false;
     }
-    if (isExportableDBMAssociationRole(roles[0]) && isExportableDBMAssociationRole(roles[1]) &&
-        (roles[0]->getForeignKey() != nullptr || roles[1]->getForeignKey() != nullptr)) {
-        mark = MARK_EXPORTABLE;
+    if (roles.size() != 2) {
+        return leaveOut(association, DBM, "it does not have exactly two roles");
     }
-    return mark == MARK_EXPORTABLE;
+    for (ZORAssociationRole* role : roles) {
+        if (!isExportableDBMAssociationRole(role)) {
+            return leaveOut(association, DBM, "its role at \"{0}\" is left out", role->getAssociatedClass());
+        }
+    }
+    if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
+        return leaveOut(association, DBM, "neither of its roles has a foreign key");
+    }
+    mark = MARK_EXPORTABLE;
+    return true;
 }
 
 bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
     ExportMark& mark = getDBMMark(role);
-    if (mark == MARK_UNDECIDED) {
-        const bool exportable =
-            isExportableDBMModelObject(role->getAssociatedClass()) &&
-            (role->getForeignKey() == nullptr || isExportableDBMForeignKey(role->getForeignKey()));
-        mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
     }
-    return mark == MARK_EXPORTABLE;
+    mark = MARK_NOT_EXPORTABLE;
+    ZORForeignKey* key = role->getForeignKey();
+    if (!isExportableDBMModelObject(role->getAssociatedClass())) {
+        return leaveOut(role, DBM, "its class \"{0}\" is logical only", role->getAssociatedClass());
+    }
+    if (key != nullptr && !isExportableDBMForeignKey(key)) {
+        return leaveOut(role, DBM, "its foreign key \"{0}\" is left out", key);
+    }
+    mark = MARK_EXPORTABLE;
+    return true;
 }
 
 bool Bridge::isExportableDBMForeignKey(ZORForeignKey* key) const {
@@ -38,21 +52,31 @@ bool Bridge::isExportableDBMForeignKey(ZORForeignKey* key) const {
         return mark == MARK_EXPORTABLE;
     }
     mark = MARK_NOT_EXPORTABLE;
-    if (!isExportableDBMModelObject(key) || key->getCandidateKey() == nullptr) {
+    if (!isExportableDBMModelObject(key)) {
         return false;
+    }
+    if (key->getCandidateKey() == nullptr) {
+        return leaveOut(key, DBM, "it references no unique key");
     }
     for (const ZORAttribute* column : key->getAttributes()) {
         const ZORAttribute* counterpart = getCounterpart(key, column);
         const bool isPhysical = isExportableDBMModelObject(column);
-        if (counterpart == nullptr || isPhysical != isExportableDBMModelObject(counterpart)) {
+        if (counterpart == nullptr) {
             mark = MARK_NOT_EXPORTABLE;
-            break;
+            return leaveOut(key, DBM, "its column \"{0}\" has no counterpart in the referenced table",
+                            column);
+        }
+        if (isPhysical != isExportableDBMModelObject(counterpart)) {
+            mark = MARK_NOT_EXPORTABLE;
+            return leaveOut(key, DBM,
+                            "of its column \"{0}\" and the referenced one, only one is in the database",
+                            column);
         }
         if (isPhysical) {
             mark = MARK_EXPORTABLE;
         }
     }
-    return mark == MARK_EXPORTABLE;
+    return mark == MARK_EXPORTABLE || leaveOut(key, DBM, "none of its columns is in the database");
 }
 
 void Bridge::printDBMAssociation(ZORAssociation* association) {

@@ -8,7 +8,9 @@ bool Bridge::isExportableDBMClass(ZORClass* cls) const {
     ExportMark& mark = getDBMMark(cls);
     if (mark == MARK_UNDECIDED) {
         const bool isTable = cls->getClassType() == 0 || cls->getClassType() == 1;
-        mark = isExportableDBMModelObject(cls) && isTable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
+        const bool exportable = isExportableDBMModelObject(cls) &&
+                                (isTable || leaveOut(cls, DBM, "it is of a class type that is no table"));
+        mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
     }
     return mark == MARK_EXPORTABLE;
 }
@@ -18,7 +20,11 @@ bool Bridge::isExportableDBMTableForeignKey(ZORKey* key) const {
         return false;
     }
     const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
-    return role != nullptr && isExportableDBMAssociation(role->getAssociation());
+    if (role == nullptr) {
+        return leaveOut(key, DBM, "it belongs to no relationship");
+    }
+    return isExportableDBMAssociation(role->getAssociation()) ||
+           leaveOut(key, DBM, "its relationship \"{0}\" is left out", role->getAssociation());
 }
 
 void Bridge::printDBMClass(ZORClass* cls) {

@@ -14,6 +14,7 @@ void Bridge::printDBMSQLViewEntity(ZORSQLViewEntity* view) {
         for (ZORSQLViewAttribute* column : getFeatureByPosition(*view)) {
             ZORModelObject* source = column->getSource();
             if (source != nullptr && source->getElementType() == ZOR_ATTRIBUTE) {
+                tellWritten(column, "dbm:LogicalColumn"_z);
                 printDBMAttribute(static_cast<ZORAttribute*>(source), &column->getName());
             } else {
                 printDBMSQLViewAttribute(column);
@@ -38,6 +39,7 @@ void Bridge::printDBMSQLViewAttribute(ZORSQLViewAttribute* column) {
 
 void Bridge::printDBMSynonyms(ZORClass* table) {
     for (const ZORSynonym* synonym : table->getSynonyms()) {
+        tellWritten(synonym, "dbm:TableSynonym"_z);
         startTag("dbm:TableSynonym"_z, nullptr, 0, false, true);
         propertyAttribute("name"_z, getPhysicalName(*synonym), true);
         closeTag(false);

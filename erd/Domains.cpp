@@ -72,6 +72,7 @@ void Bridge::printERDValidValues(const ZORType* type) {
 }
 
 void Bridge::printERDTypeValue(ZORTypeValue* value) {
+    tellWritten(value, "erd:Value"_z);
     startTag("erd:Value"_z, nullptr, 0, false, true);
     propertyAttribute("name"_z, value->getName(), true);
     propertyAttribute("NumericValue"_z, value->getCode());

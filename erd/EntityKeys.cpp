@@ -6,11 +6,17 @@ using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableERDKey(ZORKey* key) const {
     if (key->getElementType() == ZOR_CANDIDATE_KEY) {
-        return isExportableERDClass(key->getAssociatedClass()) &&
-               isExportableERDCandidateKey(static_cast<ZORCandidateKey*>(key));
+        if (!isExportableERDClass(key->getAssociatedClass())) {
+            return leaveOut(key, ERD, "its class \"{0}\" is no entity", key->getAssociatedClass());
+        }
+        return isExportableERDCandidateKey(static_cast<ZORCandidateKey*>(key));
     }
     const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
-    return role != nullptr && isExportableERDAssociation(role->getAssociation());
+    if (role == nullptr) {
+        return leaveOut(key, ERD, "it belongs to no relationship");
+    }
+    return isExportableERDAssociation(role->getAssociation()) ||
+           leaveOut(key, ERD, "its relationship \"{0}\" is left out", role->getAssociation());
 }
 
 bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
@@ -28,7 +34,7 @@ bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
             break;
         }
     }
-    return mark == MARK_EXPORTABLE;
+    return mark == MARK_EXPORTABLE || leaveOut(key, ERD, "none of its attributes is logical");
 }
 
 bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
@@ -37,21 +43,30 @@ bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
         return mark == MARK_EXPORTABLE;
     }
     mark = MARK_NOT_EXPORTABLE;
-    if (!isExportableERDModelObject(key) || key->getCandidateKey() == nullptr) {
+    if (!isExportableERDModelObject(key)) {
         return false;
+    }
+    if (key->getCandidateKey() == nullptr) {
+        return leaveOut(key, ERD, "it references no candidate key");
     }
     for (const ZORAttribute* attribute : key->getAttributes()) {
         const ZORAttribute* counterpart = getCounterpart(key, attribute);
         const bool isLogical = isExportableERDModelObject(attribute);
-        if (counterpart == nullptr || isLogical != isExportableERDModelObject(counterpart)) {
+        if (counterpart == nullptr) {
             mark = MARK_NOT_EXPORTABLE;
-            break;
+            return leaveOut(key, ERD, "its attribute \"{0}\" has no counterpart in the referenced entity",
+                            attribute);
+        }
+        if (isLogical != isExportableERDModelObject(counterpart)) {
+            mark = MARK_NOT_EXPORTABLE;
+            return leaveOut(key, ERD, "of its attribute \"{0}\" and the referenced one, only one is logical",
+                            attribute);
         }
         if (isLogical) {
             mark = MARK_EXPORTABLE;
         }
     }
-    return mark == MARK_EXPORTABLE;
+    return mark == MARK_EXPORTABLE || leaveOut(key, ERD, "none of its attributes is logical");
 }
 
 void Bridge::printERDKey(ZORKey* key) {

@@ -26,14 +26,17 @@ void forEachDesignPackage(const ZORPackage* parent, const Print& print) {
 }  // namespace
 
 bool Bridge::isExportableERDModelObject(const ZORModelObject* object) const {
-    return object->getDesignLevel() != ZOR_PHYSICAL_ONLY;
+    return object->getDesignLevel() != ZOR_PHYSICAL_ONLY || leaveOut(object, ERD, "it is physical only");
 }
 
 bool Bridge::isExportableERDClass(ZORClass* entity) const {
     ExportMark& mark = getERDMark(entity);
     if (mark == MARK_UNDECIDED) {
         const bool isEntity = entity->getClassType() == 0 || entity->getClassType() == 1;
-        mark = isExportableERDModelObject(entity) && isEntity ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
+        const bool exportable =
+            isExportableERDModelObject(entity) &&
+            (isEntity || leaveOut(entity, ERD, "it is of a class type that is no entity"));
+        mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
     }
     return mark == MARK_EXPORTABLE;
 }

@@ -33,25 +33,39 @@ bool Bridge::isExportableERDAssociation(ZORAssociation* association) const {
     }
     mark = MARK_NOT_EXPORTABLE;
     const ZORVector<ZORAssociationRole*>& roles = association->getRoles();
-    if (!isExportableERDModelObject(association) || roles.size() != 2) {
+    if (!isExportableERDModelObject(association)) {
         return false;
     }
-    if (isExportableERDAssociationRole(roles[0]) && isExportableERDAssociationRole(roles[1]) &&
-        (roles[0]->getForeignKey() != nullptr || roles[1]->getForeignKey() != nullptr)) {
-        mark = MARK_EXPORTABLE;
+    if (roles.size() != 2) {
+        return leaveOut(association, ERD, "it does not have exactly two roles");
     }
-    return mark == MARK_EXPORTABLE;
+    for (ZORAssociationRole* role : roles) {
+        if (!isExportableERDAssociationRole(role)) {
+            return leaveOut(association, ERD, "its role at \"{0}\" is left out", role->getAssociatedClass());
+        }
+    }
+    if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
+        return leaveOut(association, ERD, "neither of its roles has a foreign key");
+    }
+    mark = MARK_EXPORTABLE;
+    return true;
 }
 
 bool Bridge::isExportableERDAssociationRole(ZORAssociationRole* role) const {
     ExportMark& mark = getERDMark(role);
-    if (mark == MARK_UNDECIDED) {
-        const bool exportable =
-            isExportableERDModelObject(role->getAssociatedClass()) &&
-            (role->getForeignKey() == nullptr || isExportableERDForeignKey(role->getForeignKey()));
-        mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
+    if (mark != MARK_UNDECIDED) {
+        return mark == MARK_EXPORTABLE;
     }
-    return mark == MARK_EXPORTABLE;
+    mark = MARK_NOT_EXPORTABLE;
+    ZORForeignKey* key = role->getForeignKey();
+    if (!isExportableERDModelObject(role->getAssociatedClass())) {
+        return leaveOut(role, ERD, "its class \"{0}\" is physical only", role->getAssociatedClass());
+    }
+    if (key != nullptr && !isExportableERDForeignKey(key)) {
+        return leaveOut(role, ERD, "its foreign key \"{0}\" is left out", key);
+    }
+    mark = MARK_EXPORTABLE;
+    return true;
 }
 
 bool Bridge::isExportableERDGeneralization(ZORGeneralization* generalization) const {

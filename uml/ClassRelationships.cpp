@@ -10,28 +10,41 @@ bool Bridge::isExportableUMLAssociation(const ZORAssociation* association) const
     }
     for (const ZORAssociationRole* role : association->getRoles()) {
         if (!isExportableUMLModelObject(role->getAssociatedClass())) {
-            return false;
+            return leaveOut(association, UML, "its class \"{0}\" is physical only",
+                            role->getAssociatedClass());
         }
     }
     return true;
 }
 
 bool Bridge::isExportableUMLGeneralization(const ZORGeneralization* generalization) const {
-    return generalization->getParents().size() == 1 && generalization->getChildren().size() == 1 &&
-           isExportableUMLModelObject(generalization) &&
-           isExportableUMLModelObject(generalization->getParents()[0]) &&
-           isExportableUMLModelObject(generalization->getChildren()[0]);
+    if (generalization->getParents().size() != 1 || generalization->getChildren().size() != 1) {
+        return leaveOut(generalization, UML,
+                        "it is written as one generalization for each pair of its classes");
+    }
+    return isExportableUMLModelObject(generalization) &&
+           areEndsExportable(generalization, generalization->getParents()[0],
+                             generalization->getChildren()[0]);
 }
 
 bool Bridge::isExportableUMLDependency(const ZORDependency* dependency) const {
-    return isExportableUMLModelObject(dependency) && isExportableUMLModelObject(dependency->getSupplier()) &&
-           isExportableUMLModelObject(dependency->getClient());
+    return isExportableUMLModelObject(dependency) &&
+           areEndsExportable(dependency, dependency->getSupplier(), dependency->getClient());
 }
 
 bool Bridge::isExportableUMLRealization(const ZORRealization* realization) const {
     return isExportableUMLModelObject(realization) &&
-           isExportableUMLModelObject(realization->getSupplier()) &&
-           isExportableUMLModelObject(realization->getClient());
+           areEndsExportable(realization, realization->getSupplier(), realization->getClient());
+}
+
+bool Bridge::areEndsExportable(const ZORModelObject* relationship, const ZORClass* end,
+                               const ZORClass* otherEnd) const {
+    for (const ZORClass* cls : {end, otherEnd}) {
+        if (!isExportableUMLModelObject(cls)) {
+            return leaveOut(relationship, UML, "its class \"{0}\" is physical only", cls);
+        }
+    }
+    return true;
 }
 
 const char* Bridge::getUMLAggregation(const ZORAssociationRole* role) {

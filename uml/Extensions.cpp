@@ -49,6 +49,7 @@ void Bridge::printUMLConstraint(UMLConstraint* constraint) {
 void Bridge::printUMLComments(const CommentList& objects) {
     for (ZORModelObject* object : objects) {
         for (const ZORNote* note : object->getNotes()) {
+            tellWritten(note, "uml:Comment"_z);
             startTag("uml:Comment"_z, nullptr, 0, true, true);
             propertyAttribute("comments"_z, note->getDescription(), true);
             closeTag(false);

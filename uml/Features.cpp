@@ -13,14 +13,16 @@ bool Bridge::isExportableUMLAttribute(const ZORAttribute* attribute) const {
     // Members of foreign keys came from another class; the association stands for them.
     for (const ZORKey* key : attribute->getKeys()) {
         if (key->getElementType() == ZOR_FOREIGN_KEY) {
-            return false;
+            return leaveOut(attribute, UML, "it is a member of the foreign key \"{0}\"", key);
         }
     }
     return true;
 }
 
 bool Bridge::isExportableUMLOperation(const ZOROperation* operation) const {
-    return isExportableUMLModelObject(operation) && operation->getElementType() == ZOR_OPERATION;
+    return isExportableUMLModelObject(operation) &&
+           (operation->getElementType() == ZOR_OPERATION ||
+            leaveOut(operation, UML, "procedures and triggers belong to the database"));
 }
 
 const char* Bridge::getUMLArgumentKind(ZORArgumentType kind) {

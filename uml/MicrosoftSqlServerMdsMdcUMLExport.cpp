@@ -41,17 +41,10 @@ static_assert(std::is_sorted(std::begin(UML_NAMES), std::end(UML_NAMES),
                                  return a.elementType < b.elementType;
                              }));
 
-/// A class's own types are written as classes; a plain type that nothing refers to is not written.
-bool isWrittenAsDataType(const ZORType* type) {
-    const bool isUnused = type->getTypedObjects().isEmpty() && type->getBasedTypes().isEmpty();
-    return type->getElementType() != ZOR_CLASS_TYPE &&
-           !(type->getElementType() == ZOR_CONCRETE_TYPE && isUnused);
-}
-
 }  // namespace
 
 bool Bridge::isExportableUMLModelObject(const ZORModelObject* object) const {
-    return object->getDesignLevel() != ZOR_PHYSICAL_ONLY;
+    return object->getDesignLevel() != ZOR_PHYSICAL_ONLY || leaveOut(object, UML, "it is physical only");
 }
 
 bool Bridge::isExportableUMLElement(const ZORModelElement* element) const {
@@ -63,16 +56,33 @@ bool Bridge::isExportableUMLElement(const ZORModelElement* element) const {
         case ZOR_ASSOCIATION: {
             // An association that has a class is written by that class.
             const auto* association = static_cast<const ZORAssociation*>(element);
-            return association->getAssociationClass() == nullptr && isExportableUMLAssociation(association);
+            if (association->getAssociationClass() != nullptr) {
+                return leaveOut(association, UML, "its association class \"{0}\" is written in its place",
+                                association->getAssociationClass());
+            }
+            return isExportableUMLAssociation(association);
         }
         case ZOR_DEPENDENCY:
             return isExportableUMLDependency(static_cast<const ZORDependency*>(element));
         case ZOR_REALIZATION:
-            return uml13Support_ == UML_1_3_FULL &&
-                   isExportableUMLRealization(static_cast<const ZORRealization*>(element));
+            if (uml13Support_ != UML_1_3_FULL) {
+                return leaveOut(element, UML, "realizations are written with full UML 1.3 support only");
+            }
+            return isExportableUMLRealization(static_cast<const ZORRealization*>(element));
         default:
             return false;
     }
+}
+
+bool Bridge::isExportableUMLType(const ZORType* type) const {
+    if (type->getElementType() == ZOR_CLASS_TYPE) {
+        return leaveOut(type, UML, "its class is written in its place");
+    }
+    const bool isUnused = type->getTypedObjects().isEmpty() && type->getBasedTypes().isEmpty();
+    if (type->getElementType() == ZOR_CONCRETE_TYPE && isUnused) {
+        return leaveOut(type, UML, "nothing refers to it");
+    }
+    return true;
 }
 
 const char* Bridge::getUMLName(const ZORModelObject* object) {
@@ -114,7 +124,7 @@ void Bridge::printUMLModel(ZORModel* model) {
 void Bridge::printUMLTypes(ZORModel* model, LazyCollection& owned) {
     UniqueNames names(*this, 2 * model->getTypes().size());
     for (ZORType* type : model->getTypes()) {
-        if (!isWrittenAsDataType(type)) {
+        if (!isExportableUMLType(type)) {
             continue;
         }
         owned.open();

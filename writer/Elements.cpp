@@ -15,6 +15,7 @@ using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 void Bridge::startTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area, bool unnamed) {
     const int id = getXMLID(object, area);
+    tellWritten(object, tag);
     writeTagStart(tag, id);
     if (area == DBM && !object->getPhysicalName().isEmpty()) {
         writeTagName(object->getPhysicalName());
@@ -32,6 +33,7 @@ void Bridge::startTag(const ZORString& tag, ZORModelObject* object, int id, bool
     }
     writeTagStart(tag, id);
     if (object != nullptr) {
+        tellWritten(object, tag);
         if (!object->getName().isEmpty()) {
             writeTagName(object->getName());
         }

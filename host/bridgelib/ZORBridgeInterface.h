@@ -4,6 +4,7 @@
 #include "ZOROption.h"
 
 class ZORModel;
+class ZORObject;
 
 /// What a host shows of a bridge.
 struct ZORBridgeSpecification {
@@ -17,6 +18,28 @@ struct ZORBridgeSpecification {
     ZORString description;
     /// What the two flags mean is the host's; export bridges leave them 0.
     int flags[2] = {0, 0};
+};
+
+/// Hears, object by object, what an export writes and what it leaves out.
+class ZORExportObserver {
+  public:
+    virtual ~ZORExportObserver() = default;
+    /// An element is written for the object. The tag may have attribute text behind it.
+    virtual void written(const ZORObject* object, const ZORString& tag) = 0;
+    /// The object is left out of a subject area ("uml", "erd" or "dbm"). The reason is the second half of a
+    /// sentence about it: "it is logical only".
+    virtual void leftOut(const ZORObject* object, const char* area, const ZORString& reason) = 0;
+};
+
+/// What an export bridge may offer besides: its interface object is then one of this class too, as a
+/// dynamic_cast tells.
+class ZORBridgeInspectionInterface {
+  public:
+    virtual ~ZORBridgeInspectionInterface() = default;
+    /// Goes through a whole export, whose document is thrown away, and tells the observer of every object.
+    /// The option "File" has no effect.
+    virtual void inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
+                         ZORExportObserver& observer) = 0;
 };
 
 /// What an export bridge's library offers. Its one exported function, `get` + the library's name +
