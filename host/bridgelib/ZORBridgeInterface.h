@@ -35,7 +35,7 @@ class ZORExportObserver {
 /// dynamic_cast tells.
 class ZORBridgeInspectionInterface {
   public:
-    virtual ~ZORBridgeInspectionInterface() = default;
+    virtual ~ZORBridgeInspectionInterface();
     /// Goes through a whole export, whose document is thrown away, and tells the observer of every object.
     /// The option "File" has no effect.
     virtual void inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
@@ -46,7 +46,7 @@ class ZORBridgeInspectionInterface {
 /// `Interface` with C linkage, gives back the one object of this class, which is never freed.
 class ZORBridgeExportInterface {
   public:
-    virtual ~ZORBridgeExportInterface() = default;
+    virtual ~ZORBridgeExportInterface();
     /// Writes the model. True when the export completed; failures leave as ZORException. Afterwards the model
     /// is as it was before. `fileName` may be ignored by a bridge that takes its path from an option.
     virtual bool run(const ZORString& fileName, ZORModel& model, ZOROptionList& options, ZORLog& log) = 0;
