@@ -1,5 +1,5 @@
 // bridge/: the frame of the export bridge: its entry and options, the run driver, preprocessing and the
-// identity of objects. The views themselves are written in dbm/, the elements of the document in writer/,
+// identity of objects. The views are written in uml/, erd/ and dbm/, the elements of the document in writer/,
 // data types in types/; nothing here reads a source or talks to a user other than through the log.
 #pragma once
 
