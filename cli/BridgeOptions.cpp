@@ -1,0 +1,58 @@
+#include "BridgeOptions.h"
+
+#include <algorithm>
+
+#include "DefaultTypeSet.h"
+#include "Failure.h"
+
+namespace cli {
+
+namespace {
+
+constexpr const char* BRIDGE_NAME = "MicrosoftSqlServerMdsMdcExport";
+
+void setDefault(ZOROptionList& options, const Arguments& arguments, const char* displayName,
+                const std::string& value) {
+    const bool given =
+        std::any_of(arguments.bridgeOptions.begin(), arguments.bridgeOptions.end(),
+                    [&](const BridgeSetting& setting) { return setting.displayName == displayName; });
+    if (!given) {
+        options.setValue(displayName, std::string_view(value));
+    }
+}
+
+}  // namespace
+
+ZORBridge loadBridge() {
+    try {
+        return ZORBridgeManager().load(BRIDGE_NAME);
+    } catch (const ZORException& error) {
+        throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, {}, error.what(),
+                      "the environment variable ZOR_BRIDGE_PATH may name the folder of the bridge");
+    }
+}
+
+void setGivenOptions(ZOROptionList& options, const Arguments& arguments) {
+    for (const BridgeSetting& setting : arguments.bridgeOptions) {
+        try {
+            options.setValue(std::string_view(setting.displayName), std::string_view(setting.value));
+        } catch (const ZORException& error) {
+            throw Failure(ExitCode::WRONG_USE, setting.givenBy, error.what());
+        }
+    }
+}
+
+void setDefaultTypeSets(ZOROptionList& options, const Arguments& arguments, const std::string& databaseType) {
+    std::vector<std::string> typeSets;
+    if (const ZOROption* option = options.find("DBM TypeSet"); option != nullptr) {
+        for (const ZORString& value : option->getPermittedValues()) {
+            typeSets.emplace_back(value.view());
+        }
+    }
+    const std::string fitting = findTypeSet(databaseType, typeSets);
+    setDefault(options, arguments, "DBM TypeSet",
+               fitting.empty() ? std::string(FALLBACK_DBM_TYPE_SET) : fitting);
+    setDefault(options, arguments, "ERD TypeSet", std::string(DEFAULT_ERD_TYPE_SET));
+}
+
+}  // namespace cli

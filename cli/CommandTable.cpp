@@ -1,0 +1,101 @@
+#include "CommandTable.h"
+
+#include <algorithm>
+
+#include "Commands.h"
+
+namespace cli {
+
+namespace {
+
+PositionalEntry sourceArgument() {
+    return {.name = "SOURCE",
+            .description =
+                "the file to read, recognised by its content; \"-\" is standard input; "
+                "PREFIX:PATH names the kind of source (see below)",
+            .required = true,
+            .take = [](Arguments& arguments, const std::string& value) { arguments.source = value; }};
+}
+
+PositionalEntry outputArgument() {
+    return {.name = "OUT.xml",
+            .description =
+                "the file to write; \"-\" is standard output; left out, the source's name with "
+                "\".xml\", in the current folder",
+            .required = false,
+            .take = [](Arguments& arguments, const std::string& value) { arguments.output = value; }};
+}
+
+Command exportCommand() {
+    return {.name = "export",
+            .summary = "write a source's model as an OIM document",
+            .description =
+                "Reads SOURCE and writes its model as an OIM XML document. The document appears under "
+                "its name only when it is complete; a file that was there before stays as it is until "
+                "then.",
+            .positionals = {sourceArgument(), outputArgument()},
+            .groups = {OptionGroup::OUTPUT, OptionGroup::BRIDGE, OptionGroup::SOURCE, OptionGroup::SELECTION,
+                       OptionGroup::FINDINGS, OptionGroup::GENERAL},
+            .examples = {{"export shop.sqlite shop.xml", "a database, in the view that suits it"},
+                         {"export shop.sqlite shop.xml --view dbm --dbm-typeset \"Oracle 8.x\" --indent 2",
+                          "with another database's types, indented"},
+                         {"export shop.sqlite --table \"order*\" --exclude-table order_log -o orders.xml",
+                          "some tables only"},
+                         {"export json:model.txt - --view dbm | xmllint --format -",
+                          "a model document of any name, into a pipe"},
+                         {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
+                          "with an option of the bridge"}},
+            .run = runExport};
+}
+
+Command inspectCommand() {
+    return {.name = "inspect",
+            .summary = "tell what would be read from a source",
+            .description =
+                "Reads SOURCE and tells what was read, by kind and package, and what the model cannot "
+                "hold. Writes nothing.",
+            .positionals = {sourceArgument()},
+            .groups = {OptionGroup::SOURCE, OptionGroup::SELECTION, OptionGroup::FINDINGS,
+                       OptionGroup::REPORT, OptionGroup::GENERAL},
+            .examples = {{"inspect shop.sqlite", "a report to read"},
+                         {"inspect shop.sqlite --format json", "the same for programs"}},
+            .run = runInspect};
+}
+
+Command optionsCommand() {
+    return {.name = "options",
+            .summary = "list the options of the bridge and the readers",
+            .description =
+                "Lists what the bridge describes of its options (names, types, defaults, values, "
+                "descriptions), and the readers with theirs.",
+            .positionals = {{.name = "NAME",
+                             .description = "show only the option or the reader of this name",
+                             .required = false,
+                             .take = [](Arguments& arguments,
+                                        const std::string& value) { arguments.shownName = value; }}},
+            .groups = {OptionGroup::REPORT, OptionGroup::GENERAL},
+            .examples = {{"options", "everything"},
+                         {"options \"DBM TypeSet\"", "one option, with the values it takes"},
+                         {"options --format json", "for programs"}},
+            .run = runOptions};
+}
+
+}  // namespace
+
+bool Command::takes(const OptionEntry& option) const {
+    return std::find(groups.begin(), groups.end(), option.group) != groups.end();
+}
+
+const std::vector<Command>& allCommands() {
+    static const std::vector<Command> table = {exportCommand(), inspectCommand(), optionsCommand()};
+    return table;
+}
+
+const Command* findCommand(std::string_view name) {
+    const std::vector<Command>& commands = allCommands();
+    const auto found = std::find_if(commands.begin(), commands.end(),
+                                    [&](const Command& command) { return command.name == name; });
+    return found == commands.end() ? nullptr : &*found;
+}
+
+}  // namespace cli

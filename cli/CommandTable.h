@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ExitCode.h"
+#include "OptionTable.h"
+
+namespace cli {
+
+/// An argument without a name, told by its place.
+struct PositionalEntry {
+    std::string name;
+    std::string description;
+    bool required;
+    void (*take)(Arguments& arguments, const std::string& value);
+};
+
+struct ExampleEntry {
+    std::string commandLine;  ///< what follows "oimbridge "
+    std::string purpose;
+};
+
+struct Command {
+    std::string name;
+    std::string summary;      ///< one line for the list of commands
+    std::string description;  ///< what the help adds to it
+    std::vector<PositionalEntry> positionals;
+    std::vector<OptionGroup> groups;
+    std::vector<ExampleEntry> examples;
+    ExitCode (*run)(const Arguments& arguments, Console& console);
+
+    bool takes(const OptionEntry& option) const;
+};
+
+/// All commands, in the order of the help.
+const std::vector<Command>& allCommands();
+
+/// The command of this name, or null.
+const Command* findCommand(std::string_view name);
+
+}  // namespace cli

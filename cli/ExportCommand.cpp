@@ -1,0 +1,228 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+
+#include "BridgeLog.h"
+#include "BridgeOptions.h"
+#include "Commands.h"
+#include "Failure.h"
+#include "ModelName.h"
+#include "ModelReading.h"
+#include "OutputFile.h"
+#include "SourceDateEpoch.h"
+#include "Text.h"
+#include "Views.h"
+#include "ZORXMLWriter.h"
+
+namespace cli {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// The view that the user asks for, or null.
+const View* givenView(const ZOROptionList& options, const Arguments& arguments) {
+    const auto& settings = arguments.bridgeOptions;
+    const auto last = std::find_if(settings.rbegin(), settings.rend(), [](const BridgeSetting& setting) {
+        return setting.displayName == "Model";
+    });
+    if (last == settings.rend()) {
+        return nullptr;
+    }
+    const View* view = findViewByBridgeValue(options.getValue("Model").view());
+    requireAvailable(*view, last->givenBy);
+    return view;
+}
+
+const View& naturalView(const OpenedSource& source) {
+    const View* view = findViewByName(source.reader->describe().naturalView);
+    requireAvailable(*view, source.source.name());
+    return *view;
+}
+
+std::string outputPath(const OpenedSource& source, const Arguments& arguments) {
+    if (arguments.output.has_value()) {
+        return *arguments.output;
+    }
+    if (source.isStandardInput) {
+        throw Failure(ExitCode::WRONG_USE, {},
+                      "OUT.xml is missing, and standard input has no name to make one from",
+                      "\"-\" is standard output");
+    }
+    return source.source.stem() + ".xml";
+}
+
+/// Lets the bridge's file be the output, as long as it lives.
+class SinkRedirection {
+  public:
+    explicit SinkRedirection(OutputFile& output) {
+        ZORFile::setSinkOpener([&output](const ZORString&) { return output.open(); });
+    }
+    ~SinkRedirection() { ZORFile::setSinkOpener({}); }
+    SinkRedirection(const SinkRedirection&) = delete;
+    SinkRedirection& operator=(const SinkRedirection&) = delete;
+};
+
+/// A failed export as what ends the program. When a write failed, what the bridge makes of it is of no
+/// interest.
+[[noreturn]] void throwExportFailure(const ZORException& error, const OutputFile& output,
+                                     const std::string& sourceName) {
+    const auto [id, text] = splitMessageId(error.getText().view());
+    if (output.failureReason() == 0) {
+        throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, sourceName, id, text, {});
+    }
+    if (output.isOpen()) {
+        output.throwFailure();
+    }
+    throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, output.name(), id,
+                  text + ": " + describeErrno(output.failureReason()), {});
+}
+
+void writeDocument(const ZORBridge& bridge, ZORModel& model, ZOROptionList& options,
+                   const std::string& sourceName, OutputFile& output, Console& console) {
+    options.setValue("File", std::string_view(output.name()));
+    const SinkRedirection redirection(output);
+    BridgeLog log(sourceName, console);
+    try {
+        bridge.run(model, options, log);
+    } catch (const ZORException& error) {
+        throwExportFailure(error, output, sourceName);
+    }
+    output.commit();
+}
+
+std::vector<std::string> typeSetsOf(const View& view, const ZOROptionList& options) {
+    std::vector<std::string> typeSets;
+    if (view.hasErd) {
+        typeSets.emplace_back(options.getValue("ERD TypeSet").view());
+    }
+    if (view.hasDbm) {
+        typeSets.emplace_back(options.getValue("DBM TypeSet").view());
+    }
+    return typeSets;
+}
+
+/// What was written where, for people and for programs.
+struct Summary {
+    const OpenedSource& source;
+    const OutputFile& output;
+    const View& view;
+    const ReadModel& read;
+    std::vector<std::string> typeSets;
+    Clock::duration time;
+
+    std::string text() const {
+        const bool databaseWords = source.reader->describe().naturalView == "dbm";
+        std::string types;
+        if (!typeSets.empty()) {
+            types = fmt::format(", types of {}", joinWords(typeSets));
+        }
+        return fmt::format("{}: {} of \"{}\"{}: {}; {} in {:.2f} s", output.name(), view.title,
+                           read.model->getName().view(), types,
+                           describeCounts(read.counts.total, databaseWords), formatBytes(output.bytes()),
+                           std::chrono::duration<double>(time).count());
+    }
+    std::string data() const {
+        JsonWriter json;
+        json.beginObject()
+            .member("source", source.source.name())
+            .member("reader", source.reader->describe().name)
+            .member("model", read.model->getName().view())
+            .member("output", output.name())
+            .member("view", view.name);
+        json.key("typeSets").beginList();
+        for (const std::string& typeSet : typeSets) {
+            json.value(typeSet);
+        }
+        json.endList().key("counts");
+        writeCounts(json, read.counts.total);
+        json.key("losses").beginObject();
+        for (const auto& [kind, count] : read.losses.countByKind()) {
+            json.member(kind, count);
+        }
+        json.endObject()
+            .member("bytes", output.bytes())
+            .member("milliseconds", std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
+        return json.endObject().text();
+    }
+};
+
+/// To standard output, unless that is the document's place or messages go to programs.
+void printSummary(const Summary& summary, Console& console) {
+    if (console.isQuiet()) {
+        return;
+    }
+    if (summary.output.isStandardOutput() || console.getLogFormat() == LogFormat::JSON) {
+        console.print({.level = Level::NOTE,
+                       .subject = summary.source.source.name(),
+                       .text = summary.text(),
+                       .data = summary.data()});
+        return;
+    }
+    try {
+        writeStandardOutput(
+            fmt::format("{} -> {}\n", printable(summary.source.source.name()), summary.text()));
+    } catch (const Failure&) {
+        // The document is written all the same.
+    }
+}
+
+/// Taking millions of objects apart would only delay the end of the program. The model stays within reach, so
+/// that a check for leaks does not take it for one.
+void leaveToSystem(std::unique_ptr<ZORModel> model) {
+    static std::atomic<const ZORModel*> left = nullptr;
+    left = model.release();
+}
+
+/// Reads the model and sees to it that it can be written.
+ReadModel readForExport(const OpenedSource& source, const Arguments& arguments, Console& console,
+                        Progress& progress) {
+    ReadModel read = readModel(source, arguments, console, progress);
+    requireContent(read, source, arguments);
+    requireWritableModelName(read.model->getName().view(), !arguments.modelName.empty(),
+                             source.source.name());
+    return read;
+}
+
+void writeWithProgress(const ZORBridge& bridge, ZORModel& model, ZOROptionList& options,
+                       const OpenedSource& source, OutputFile& output, Console& console, Progress& progress) {
+    const std::uint64_t before = ZORXMLWriter::getElementsStarted();
+    const Progress::Stage stage(progress, [&] {
+        return fmt::format("{}: {} elements, {} written", output.name(),
+                           formatCount(ZORXMLWriter::getElementsStarted() - before),
+                           formatBytes(output.bytes()));
+    });
+    writeDocument(bridge, model, options, source.source.name(), output, console);
+}
+
+}  // namespace
+
+ExitCode runExport(const Arguments& arguments, Console& console) {
+    const Clock::time_point start = Clock::now();
+    applySourceDateEpoch();
+    const ZORBridge bridge = loadBridge();
+    ZOROptionList options;
+    bridge.getOptionList(options);
+    setGivenOptions(options, arguments);
+    const View* given = givenView(options, arguments);
+    const OpenedSource source = openSource(arguments.source);
+    const View& view = given != nullptr ? *given : naturalView(source);
+    options.setValue("Model", view.bridgeValue);
+    OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
+
+    Progress progress(console);
+    ReadModel read = readForExport(source, arguments, console, progress);
+    setDefaultTypeSets(options, arguments, read.counts.databaseType);
+    writeWithProgress(bridge, *read.model, options, source, output, console, progress);
+    progress.stop();
+
+    printLosses(read.losses, source.source.name(), console);
+    printSummary({source, output, view, read, typeSetsOf(view, options), Clock::now() - start}, console);
+    const ExitCode code = concludeRun(read, source.source.name(), arguments, console);
+    leaveToSystem(std::move(read.model));
+    return code;
+}
+
+}  // namespace cli

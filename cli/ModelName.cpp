@@ -1,0 +1,48 @@
+#include "ModelName.h"
+
+#include <fmt/format.h>
+
+#include "Failure.h"
+#include "Text.h"
+
+namespace cli {
+
+namespace {
+
+bool isWritable(const Utf8Character& character) {
+    const char32_t code = character.code;
+    return character.wellFormed && code >= 0x20 && code != '"' && code != '&' && code != '<' &&
+           code != 0xFFFE && code != 0xFFFF;
+}
+
+/// What the name holds that a document cannot, or nothing.
+std::string findFault(std::string_view name) {
+    while (!name.empty()) {
+        const Utf8Character character = decodeUtf8(name);
+        if (!isWritable(character)) {
+            return std::string(name.substr(0, character.length));
+        }
+        name.remove_prefix(character.length);
+    }
+    return {};
+}
+
+}  // namespace
+
+void requireWritableModelName(std::string_view name, bool given, std::string_view sourceName) {
+    const std::string fault = findFault(name);
+    if (fault.empty()) {
+        return;
+    }
+    if (given) {
+        throw Failure(
+            ExitCode::WRONG_USE, "--model-name",
+            fmt::format("a document cannot hold the name \"{}\" because of the '{}' in it", name, fault));
+    }
+    throw Failure(
+        ExitCode::SOURCE_NOT_READ, std::string(sourceName),
+        fmt::format("a document cannot hold the model's name \"{}\" because of the '{}' in it", name, fault),
+        "give the model another name with --model-name");
+}
+
+}  // namespace cli

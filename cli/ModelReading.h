@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+
+#include "Arguments.h"
+#include "ModelCounts.h"
+#include "Progress.h"
+#include "SourceOpening.h"
+
+namespace cli {
+
+/// A model that was read and found sound, with what there is to say about it.
+struct ReadModel {
+    std::unique_ptr<ZORModel> model;
+    readers::LossReport losses;
+    ModelCounts counts;
+};
+
+/// Reads the source as the arguments ask. Warnings go to the console. Throws Failure when the source cannot
+/// be read, the model is unsound, or an option does not fit the reader.
+ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
+                    Progress& progress);
+
+/// Throws Failure when no table or class was read, unless the arguments allow it.
+void requireContent(const ReadModel& read, const OpenedSource& source, const Arguments& arguments);
+
+/// Tells what the model cannot hold: each thing on a verbose console, else the sum in one line.
+void printLosses(const readers::LossReport& losses, const std::string& sourceName, Console& console);
+
+/// The exit code of a run that has done its work; with --strict, says why it is FINDINGS.
+ExitCode concludeRun(const ReadModel& read, const std::string& sourceName, const Arguments& arguments,
+                     Console& console);
+
+}  // namespace cli

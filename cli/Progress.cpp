@@ -1,0 +1,51 @@
+#include "Progress.h"
+
+#include <chrono>
+
+#include "Signals.h"
+
+namespace cli {
+
+namespace {
+
+constexpr std::chrono::milliseconds FIRST_DELAY(1000);
+constexpr std::chrono::milliseconds INTERVAL(200);
+
+}  // namespace
+
+Progress::Progress(Console& console) : console_(console) {
+    if (console_.canShowProgress()) {
+        const signals::Blocker blocker;
+        thread_ = std::jthread([this](const std::stop_token& token) { run(token); });
+    }
+}
+
+Progress::~Progress() {
+    stop();
+}
+
+void Progress::show(std::function<std::string()> describe) {
+    const std::lock_guard lock(mutex_);
+    describe_ = std::move(describe);
+}
+
+void Progress::stop() {
+    if (thread_.joinable()) {
+        thread_.request_stop();
+        thread_.join();
+        console_.clearProgress();
+    }
+}
+
+void Progress::run(const std::stop_token& token) {
+    std::unique_lock lock(mutex_);
+    std::chrono::milliseconds delay = FIRST_DELAY;
+    while (!wake_.wait_for(lock, token, delay, [&] { return token.stop_requested(); })) {
+        if (describe_) {
+            console_.showProgress(describe_());
+        }
+        delay = INTERVAL;
+    }
+}
+
+}  // namespace cli
