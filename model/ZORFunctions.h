@@ -10,13 +10,14 @@ const ZORString& getPhysicalName(const ZORModelObject& object);
 const ZORString& getOldDataType(const ZORString& typeName);
 
 /// A SELECT statement that yields the view's columns from their source tables; empty unless some column's
-/// source is an attribute.
+/// source is an attribute of a class. Columns with another source or none show NULL.
 ZORString computeSqlViewSelectStatement(const ZORSQLViewEntity& view);
 
 /// The upper bound of a multiplicity without one.
 inline constexpr int ZOR_UNBOUNDED = 0x7fffffff;
 
 /// Reads a multiplicity: "a", "a..b", "*", "n" or "m" (0 to unbounded), or several of these with commas
-/// between them (the lowest lower and the highest upper bound). Blanks are ignored; "" and anything else give
-/// 1 and 1.
+/// between them (the lowest lower and the highest upper bound); b may be unbounded too. Blanks are ignored.
+/// "" and everything else give 1 and 1, as do numbers below zero or beyond an int, and bounds the wrong way
+/// round.
 void decodeMultiplicity(const ZORString& text, int& lower, int& upper);

@@ -34,6 +34,13 @@ void ZORAssociation::setAssociationClass(ZORClass* cls) noexcept {
     }
 }
 
+void ZORAssociation::setOwner(ZORObject* owner) {
+    if (owner == nullptr) {
+        setAssociationClass(nullptr);
+    }
+    ZORRelationship::setOwner(owner);
+}
+
 void ZORGeneralization::addSubtypeClass(ZORClass* child) {
     // In this order, what was half done is undone by taking the generalization out.
     children_.append(child);
@@ -55,7 +62,23 @@ void ZORDependency::setClient(ZORClass* client) {
     client_ = client;
 }
 
+void ZORDependency::setOwner(ZORObject* owner) {
+    if (owner == nullptr && client_ != nullptr) {
+        client_->clientDependencies_.removeLast(this);
+        client_ = nullptr;
+    }
+    ZORRelationship::setOwner(owner);
+}
+
 void ZORRealization::setClient(ZORClass* client) {
     client->realizations_.append(this);
     client_ = client;
+}
+
+void ZORRealization::setOwner(ZORObject* owner) {
+    if (owner == nullptr && client_ != nullptr) {
+        client_->realizations_.removeLast(this);
+        client_ = nullptr;
+    }
+    ZORRelationship::setOwner(owner);
 }

@@ -110,6 +110,9 @@ class ZORAssociation : public ZORRelationship {
     int getAssociationKind() const noexcept { return kind_; }
     void setAssociationKind(int kind) noexcept { kind_ = kind; }
 
+    /// With null, the association also gives up its association class. Its roles keep their foreign keys.
+    void setOwner(ZORObject* owner) override;
+
   protected:
     explicit ZORAssociation(ZORElementType type) noexcept : ZORRelationship(type) {}
     bool traverseParts(ZORTraversalOperation& operation, void*& context) override {
@@ -170,6 +173,9 @@ class ZORDependency : public ZORRelationship {
     ZORClass* getSupplier() const noexcept { return supplier_; }
     void setSupplier(ZORClass* supplier) noexcept { supplier_ = supplier; }
 
+    /// With null, the dependency also leaves its client's list.
+    void setOwner(ZORObject* owner) override;
+
   private:
     ZORClass* client_ = nullptr;
     ZORClass* supplier_ = nullptr;
@@ -187,6 +193,9 @@ class ZORRealization : public ZORRelationship {
     void setClient(ZORClass* client);
     ZORClass* getSupplier() const noexcept { return supplier_; }
     void setSupplier(ZORClass* supplier) noexcept { supplier_ = supplier; }
+
+    /// With null, the realization also leaves its client's list.
+    void setOwner(ZORObject* owner) override;
 
   private:
     ZORClass* client_ = nullptr;
