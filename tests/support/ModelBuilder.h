@@ -3,15 +3,15 @@
 
 #include <initializer_list>
 #include <memory>
-#include <string_view>
+#include <string>
 #include <utility>
 
 #include "ZOR.h"
 
 namespace support {
 
-/// Builds a model piece by piece. Every operation gives back the object that it added, for the test to set what it is
-/// about; the model owns all of them. New elements go into the package that was added last.
+/// Builds a model piece by piece. Every operation gives back the object that it added, for the test to set
+/// what it is about; the model owns all of them. New elements go into the package that was added last.
 class ModelBuilder {
   public:
     explicit ModelBuilder(const char* name = "Shop") : model_(std::make_unique<ZORModel>()) {
@@ -29,7 +29,8 @@ class ModelBuilder {
         return package_;
     }
     ZORDesignPackage* addPackage(const char* name, ZORPackage* parent = nullptr) {
-        package_ = (parent != nullptr ? parent : model_.get())->addChildPackage(named<ZORDesignPackage>(name));
+        package_ =
+            (parent != nullptr ? parent : model_.get())->addChildPackage(named<ZORDesignPackage>(name));
         return package_;
     }
     ZORDatabaseCatalog* addCatalog(const char* databaseType) {
@@ -80,7 +81,8 @@ class ModelBuilder {
         return column;
     }
     /// A unique key.
-    static ZORCandidateKey* addKey(ZORClass* table, const char* name, std::initializer_list<const char*> columns) {
+    static ZORCandidateKey* addKey(ZORClass* table, const char* name,
+                                   std::initializer_list<const char*> columns) {
         auto* key = table->addKey(named<ZORCandidateKey>(name));
         key->setUnique(true);
         addColumns(key, table, columns);
@@ -93,15 +95,18 @@ class ModelBuilder {
         return key;
     }
     static ZORForeignKey* addForeignKey(ZORClass* table, const char* name,
-                                        std::initializer_list<const char*> columns, ZORCandidateKey* referenced) {
+                                        std::initializer_list<const char*> columns,
+                                        ZORCandidateKey* referenced) {
         auto* key = table->addKey(named<ZORForeignKey>(name));
         key->setCandidateKey(referenced);
         addColumns(key, table, columns);
         return key;
     }
     /// Says which column of the referenced key a foreign key's column stands for.
-    static ZORAssociationRoleNameMap* addMap(ZORAttribute* column, ZORForeignKey* key, ZORAttribute* referenced) {
-        ZORAssociationRoleNameMap* map = column->addRoleNameMap(std::make_unique<ZORAssociationRoleNameMap>());
+    static ZORAssociationRoleNameMap* addMap(ZORAttribute* column, ZORForeignKey* key,
+                                             ZORAttribute* referenced) {
+        ZORAssociationRoleNameMap* map =
+            column->addRoleNameMap(std::make_unique<ZORAssociationRoleNameMap>());
         map->setForeignKey(key);
         map->setReferencedAttribute(referenced);
         return map;
@@ -109,7 +114,8 @@ class ModelBuilder {
     static ZORIndex* addIndex(ZORClass* table, const char* name, std::initializer_list<const char*> columns) {
         ZORIndex* index = table->addIndex(named<ZORIndex>(name));
         for (const char* column : columns) {
-            index->addIndexMember(std::make_unique<ZORIndexMember>())->setAttribute(table->getAttribute(column));
+            index->addIndexMember(std::make_unique<ZORIndexMember>())
+                ->setAttribute(table->getAttribute(column));
         }
         return index;
     }
