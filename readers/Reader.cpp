@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include "LargePages.h"
+
 namespace readers {
 
 namespace {
@@ -57,7 +59,10 @@ class InputFile {
     /// Reads all there is. `expected` is how much that probably is; NULs stand for `padding` bytes behind it,
     /// within the string's capacity.
     std::string readAll(std::size_t expected, std::size_t padding) const {
-        std::string content(std::max<std::size_t>(expected, HEAD_SIZE) + padding, '\0');
+        std::string content;
+        content.reserve(std::max<std::size_t>(expected, HEAD_SIZE) + padding);
+        adviseLargePages(content.data(), content.capacity());
+        content.resize(std::max<std::size_t>(expected, HEAD_SIZE) + padding, '\0');
         std::size_t size = 0;
         while (true) {
             size += read(content.data() + size, content.size() - padding - size);

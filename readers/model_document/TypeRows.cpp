@@ -1,0 +1,39 @@
+#include "Rows.h"
+
+namespace readers::document {
+
+std::vector<Field> typeFields(TypeKind kind) {
+    std::vector<Field> fields = withCommonFields({
+        text<&ZORType::setDataType>("dataType",
+                                    "The data-type name, such as \"SQL_VARCHAR\" or \"numeric\"."),
+        integer<&ZORType::setLength>("length", 0, HIGHEST_INTEGER,
+                                     "Characters, digits or bytes; 0 when not set."),
+        integer<&ZORType::setScale>("scale", 0, HIGHEST_INTEGER, "Digits behind the point; 0 when not set."),
+        text<&ZORType::setInitialValue>("initialValue", "What a value is at first."),
+        text<&ZORType::setLowerBound>("lowerBound", "The lowest permitted value."),
+        text<&ZORType::setUpperBound>("upperBound", "The highest permitted value."),
+        objects<&ZORType::addTypeValue>("values", Family::TYPE_VALUES,
+                                        "The permitted values of an enumeration."),
+    });
+    if (kind == TypeKind::DERIVED) {
+        fields.push_back(
+            reference<&ZORDerivedType::setBaseType>("base", ANY_TYPE, "The type it is made from."));
+    } else if (kind == TypeKind::ALIAS) {
+        fields.push_back(
+            reference<&ZORAliasType::setBaseType>("base", ANY_TYPE, "The type it is a name for."));
+    } else if (kind == TypeKind::CLASS) {
+        fields.push_back(required(reference<&ZORClassType::setAssociatedClass>(
+            "class", ANY_CLASS, "The class whose objects are the type's values.")));
+    }
+    return fields;
+}
+
+std::vector<Field> typeValueFields() {
+    return {
+        text<&ZORTypeValue::setName>("name", "The name."),
+        integer<&ZORTypeValue::setCode>("code", -32768, 32767, "The numeric code."),
+        text<&ZORTypeValue::setValue>("value", "The text that is stored."),
+    };
+}
+
+}  // namespace readers::document
