@@ -42,16 +42,16 @@ const View& naturalView(const OpenedSource& source) {
     return *view;
 }
 
-std::string outputPath(const OpenedSource& source, const Arguments& arguments) {
-    if (arguments.output.has_value()) {
-        return *arguments.output;
-    }
-    if (source.isStandardInput) {
+void requireOutputForStandardInput(const SourceName& name, const Arguments& arguments) {
+    if (name.isStandardInput() && !arguments.output.has_value()) {
         throw Failure(ExitCode::WRONG_USE, {},
                       "OUT.xml is missing, and standard input has no name to make one from",
                       "\"-\" is standard output");
     }
-    return source.source.stem() + ".xml";
+}
+
+std::string outputPath(const OpenedSource& source, const Arguments& arguments) {
+    return arguments.output.value_or(source.source.stem() + ".xml");
 }
 
 /// Lets the bridge's file be the output, as long as it lives.
@@ -119,10 +119,9 @@ struct Summary {
         if (!typeSets.empty()) {
             types = fmt::format(", types of {}", joinWords(typeSets));
         }
-        return fmt::format("{}: {} of \"{}\"{}: {}; {} in {:.2f} s", output.name(), view.title,
-                           read.model->getName().view(), types,
-                           describeCounts(read.counts.total, databaseWords), formatBytes(output.bytes()),
-                           std::chrono::duration<double>(time).count());
+        return fmt::format("{} of \"{}\"{}: {}; {} in {:.2f} s", view.title, read.model->getName().view(),
+                           types, describeCounts(read.counts.total, databaseWords),
+                           formatBytes(output.bytes()), std::chrono::duration<double>(time).count());
     }
     std::string data() const {
         JsonWriter json;
@@ -157,7 +156,7 @@ void printSummary(const Summary& summary, Console& console) {
     if (summary.output.isStandardOutput() || console.getLogFormat() == LogFormat::JSON) {
         console.print({.level = Level::NOTE,
                        .subject = summary.source.source.name(),
-                       .text = summary.text(),
+                       .text = fmt::format("written to {}: {}", summary.output.name(), summary.text()),
                        .data = summary.data()});
         return;
     }
@@ -207,7 +206,9 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     bridge.getOptionList(options);
     setGivenOptions(options, arguments);
     const View* given = givenView(options, arguments);
-    const OpenedSource source = openSource(arguments.source);
+    const SourceName name = parseSourceName(arguments.source);
+    requireOutputForStandardInput(name, arguments);
+    const OpenedSource source = openSource(name);
     const View& view = given != nullptr ? *given : naturalView(source);
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());

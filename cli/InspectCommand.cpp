@@ -66,9 +66,9 @@ std::string lossRows(const readers::LossReport& losses) {
     if (losses.isEmpty()) {
         return {};
     }
-    std::string rows = "\nNot carried, because the model cannot hold it:\n";
+    std::string rows = "\nNot carried over, because the model cannot hold it:\n";
     for (const auto& [kind, count] : losses.countByKind()) {
-        rows += fmt::format("  {} {}\n", formatCount(count), printable(kind));
+        rows += fmt::format("  {} ({})\n", printable(kind), formatCount(count));
         for (const readers::LossReport::Item& item : losses.items()) {
             if (item.kind == kind) {
                 const std::string detail = item.detail.empty() ? "" : ": " + printable(item.detail);
@@ -126,7 +126,7 @@ std::string jsonReport(const OpenedSource& source, const ReadModel& read) {
 }  // namespace
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
-    const OpenedSource source = openSource(arguments.source);
+    const OpenedSource source = openSource(parseSourceName(arguments.source));
     Progress progress(console);
     const ReadModel read = readModel(source, arguments, console, progress);
     progress.stop();

@@ -137,17 +137,17 @@ void printLosses(const readers::LossReport& losses, const std::string& sourceNam
             console.print({.level = Level::NOTE,
                            .subject = sourceName,
                            .where = item.where,
-                           .text = fmt::format("the model cannot hold {}{}", item.kind, detail)});
+                           .text = fmt::format("not carried over ({}){}", item.kind, detail)});
         }
         return;
     }
     std::vector<std::string> sums;
     for (const auto& [kind, count] : losses.countByKind()) {
-        sums.push_back(fmt::format("{} {}", formatCount(count), kind));
+        sums.push_back(fmt::format("{} ({})", kind, formatCount(count)));
     }
     console.print({.level = Level::NOTE,
                    .subject = sourceName,
-                   .text = fmt::format("the model cannot hold {}", joinWords(sums)),
+                   .text = "not carried over: " + joinWords(sums),
                    .hint = "--verbose lists each"});
 }
 
@@ -160,7 +160,7 @@ ExitCode concludeRun(const ReadModel& read, const std::string& sourceName, const
     }
     console.print({.level = Level::NOTE,
                    .subject = sourceName,
-                   .text = fmt::format("findings: {}, {} that the model cannot hold",
+                   .text = fmt::format("findings: {}, {} not carried over",
                                        formatCount(warnings, "warning", "warnings"),
                                        formatCount(losses, "thing", "things"))});
     return ExitCode::FINDINGS;

@@ -83,19 +83,23 @@ const readers::Reader& recognise(const readers::Source& source) {
 
 }  // namespace
 
-OpenedSource openSource(const std::string& text) {
+SourceName parseSourceName(const std::string& text) {
     const std::size_t colon = text.find(':');
     const readers::Reader* reader = colon == std::string::npos ? nullptr : findReader(text.substr(0, colon));
     const std::string path = reader == nullptr ? text : text.substr(colon + 1);
     if (path.empty()) {
         throw Failure(ExitCode::WRONG_USE, text, "the path is missing behind the prefix");
     }
-    const bool isStandardInput = path == "-";
-    readers::Source source = isStandardInput ? readers::Source::fromText(STANDARD_INPUT, readStandardInput())
-                                             : openFile(path, reader != nullptr);
+    return {path, reader};
+}
+
+OpenedSource openSource(const SourceName& name) {
+    readers::Source source = name.isStandardInput()
+                                 ? readers::Source::fromText(STANDARD_INPUT, readStandardInput())
+                                 : openFile(name.path, name.reader != nullptr);
     try {
-        const readers::Reader& chosen = reader == nullptr ? recognise(source) : *reader;
-        return {std::move(source), &chosen, isStandardInput};
+        const readers::Reader& chosen = name.reader == nullptr ? recognise(source) : *name.reader;
+        return {std::move(source), &chosen};
     } catch (const readers::SourceError& error) {
         throw toFailure(error, source.name());
     }

@@ -11,12 +11,22 @@ namespace cli {
 struct OpenedSource {
     readers::Source source;
     const readers::Reader* reader;
-    bool isStandardInput;
 };
 
-/// Opens what SOURCE names: a path, "-" for standard input, or either behind a reader's name and a colon.
-/// Throws Failure when it cannot be opened or no reader recognises it.
-OpenedSource openSource(const std::string& text);
+/// What SOURCE names: a path, or "-" for standard input, either of them behind a reader's name and a colon or
+/// alone.
+struct SourceName {
+    std::string path;
+    const readers::Reader* reader;  ///< null when the content is to tell
+
+    bool isStandardInput() const { return path == "-"; }
+};
+
+/// Throws Failure when there is no path behind the colon.
+SourceName parseSourceName(const std::string& text);
+
+/// Throws Failure when the source cannot be opened or no reader recognises it.
+OpenedSource openSource(const SourceName& name);
 
 /// A reader's error as what ends the program.
 Failure toFailure(const readers::SourceError& error, const std::string& sourceName);

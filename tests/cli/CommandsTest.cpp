@@ -1,0 +1,222 @@
+// What the commands do and print.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <simdjson.h>
+
+#include <filesystem>
+
+#include "ProgramRunner.h"
+#include "Sources.h"
+#include "ZORBridgeManager.h"
+
+namespace cli_test {
+namespace {
+
+using testing::ContainsRegex;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+class Commands : public testing::Test {
+  protected:
+    Commands() { scratch.write("shop.sql", SHOP_SQL); }
+    std::string exported(std::vector<std::string> arguments, const std::string& epoch = "0") const {
+        arguments.insert(arguments.begin(), "export");
+        arguments.insert(arguments.end(), {"-o", "-", "-q"});
+        const Result result =
+            run(scratch, Setting{.arguments = arguments, .environment = {{"SOURCE_DATE_EPOCH", epoch}}});
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        return result.out;
+    }
+    Scratch scratch;
+};
+
+TEST_F(Commands, ExportGivesTheSameBytesForTheSameSource) {
+    const std::string first = exported({"shop.sql"});
+    EXPECT_EQ(exported({"shop.sql"}), first);
+    EXPECT_EQ(exported({"sql:shop.sql"}), first);
+    EXPECT_NE(exported({"shop.sql"}, "86400"), first) << "the one clock shows in the document";
+    const Result elsewhere =
+        run(scratch, Setting{.arguments = {"export", "shop.sql", "-", "-q"},
+                             .environment = {{"SOURCE_DATE_EPOCH", "0"}, {"TZ", "Asia/Tokyo"}}});
+    EXPECT_EQ(elsewhere.out, first);
+}
+
+TEST_F(Commands, ExportTakesTheTimeOfDayWithoutAFixedMoment) {
+    EXPECT_EQ(run(scratch, Setting{.arguments = {"export", "shop.sql", "a.xml"},
+                                   .environment = {{"SOURCE_DATE_EPOCH", ""}}})
+                  .exitCode,
+              0);
+    EXPECT_NE(scratch.read("a.xml"), exported({"shop.sql"}));
+}
+
+TEST_F(Commands, ExportIndentsAsAsked) {
+    const std::string plain = exported({"shop.sql"});
+    EXPECT_THAT(plain, Not(HasSubstr("\n ")));
+    EXPECT_EQ(exported({"shop.sql", "--indent", "none"}), plain);
+    EXPECT_EQ(exported({"shop.sql", "--indent", "0"}), plain);
+    EXPECT_THAT(exported({"shop.sql", "--indent", "3"}), HasSubstr("\n   <oim:TransferHeader"));
+    EXPECT_THAT(exported({"shop.sql", "--indent", "tab"}), HasSubstr("\n\t<oim:TransferHeader"));
+    EXPECT_THAT(exported({"shop.sql", "--set", "XML Indentation (pretty printing)=.."}),
+                HasSubstr("\n..<oim:TransferHeader"));
+}
+
+TEST_F(Commands, ExportLetsTheLastSettingWin) {
+    const std::string oracle = exported({"shop.sql", "--dbm-typeset", "Oracle 8.x"});
+    EXPECT_NE(exported({"shop.sql"}), oracle);
+    EXPECT_EQ(exported({"shop.sql", "--set", "DBM TypeSet=Oracle 8.x"}), oracle);
+    EXPECT_EQ(exported({"shop.sql", "--set", "DBM TypeSet=None", "--set", "DBM TypeSet=Oracle 8.x"}), oracle);
+    EXPECT_EQ(exported({"shop.sql", "--set", "DBM TypeSet=Oracle 8.x", "--dbm-typeset", "None"}), oracle)
+        << "--set comes after the options of its own";
+}
+
+TEST_F(Commands, ExportTakesAValueAsItIsGiven) {
+    EXPECT_EQ(exported({"shop.sql", "--dbm-typeset", "Default"}),
+              exported({"shop.sql", "--set", "DBM TypeSet=Default"}));
+    EXPECT_NE(exported({"shop.sql", "--dbm-typeset", "None"}), exported({"shop.sql"}));
+}
+
+TEST_F(Commands, ExportChoosesTheTypesOfTheSourcesDatabase) {
+    for (const auto& [databaseType, typeSet] : {std::pair<std::string, std::string>{"Oracle", "Oracle 8.x"},
+                                                {"Sybase 10", "Sybase 10"},
+                                                {"", "SQL Server 7.x"},
+                                                {"Postgres", "SQL Server 7.x"}}) {
+        scratch.write("m.model.json", modelDocument("m", databaseType));
+        EXPECT_EQ(exported({"m.model.json", "--view", "dbm"}),
+                  exported({"m.model.json", "--view", "dbm", "--dbm-typeset", typeSet}));
+        const Result result =
+            run(scratch, {"export", "m.model.json", "m.xml", "--view", "dbm", "--overwrite"});
+        EXPECT_THAT(result.out, HasSubstr("types of " + typeSet + ": "));
+    }
+}
+
+TEST_F(Commands, ExportNamesTheModelAsAsked) {
+    EXPECT_THAT(exported({"shop.sql", "--model-name", "Corner Shop"}), HasSubstr("\"Corner Shop\""));
+    EXPECT_THAT(exported({"shop.sql", "--model-name=--odd--"}), HasSubstr("\"--odd--\""));
+}
+
+TEST_F(Commands, ExportLeavesOutWhatIsNotSelected) {
+    const std::string some =
+        exported({"shop.sql", "--table", "customer", "--table", "s*", "--exclude-table", "main.sal?"});
+    EXPECT_THAT(some, HasSubstr("\"customer\""));
+    EXPECT_THAT(some, Not(HasSubstr("\"product\"")));
+    EXPECT_THAT(some, Not(HasSubstr("\"sale\"")));
+    EXPECT_THAT(exported({"shop.sql"}), HasSubstr("\"expensive\""));
+    EXPECT_THAT(exported({"shop.sql", "--no-views"}), Not(HasSubstr("\"expensive\"")));
+    EXPECT_THAT(exported({"shop.sql"}), HasSubstr("\"no_gifts\""));
+    EXPECT_THAT(exported({"shop.sql", "--no-triggers"}), Not(HasSubstr("\"no_gifts\"")));
+}
+
+TEST_F(Commands, OptionsMayStandAnywhere) {
+    const std::string plain = exported({"shop.sql"});
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"-q", "export", "shop.sql", "-"},
+          {"export", "-q", "shop.sql", "-"},
+          {"export", "--view", "dbm", "shop.sql", "-q", "-"},
+          {"--log-format", "text", "-q", "export", "-o-", "shop.sql"}}) {
+        const Result result =
+            run(scratch, Setting{.arguments = arguments, .environment = {{"SOURCE_DATE_EPOCH", "0"}}});
+        EXPECT_EQ(result.out, plain) << result.err;
+    }
+}
+
+TEST_F(Commands, ExportLeavesTheSourceAlone) {
+    const auto before = std::filesystem::last_write_time(scratch.path() / "shop.sql");
+    exported({"shop.sql"});
+    EXPECT_EQ(scratch.read("shop.sql"), SHOP_SQL);
+    EXPECT_EQ(std::filesystem::last_write_time(scratch.path() / "shop.sql"), before);
+    EXPECT_EQ(scratch.list(), std::vector<std::string>{"shop.sql"});
+}
+
+TEST_F(Commands, InspectReportsByKindAndPackage) {
+    const Result result = run(scratch, {"inspect", "shop.sql"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "");
+}
+
+TEST_F(Commands, InspectReportsInJson) {
+    const Result result = run(scratch, {"inspect", "shop.sql", "--format", "json"});
+    simdjson::dom::parser parser;
+    const simdjson::dom::element report = parser.parse(result.out);
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : report.get_object()) {
+        keys.emplace_back(key);
+    }
+    EXPECT_THAT(keys, testing::ElementsAre("source", "reader", "naturalView", "model", "databaseType",
+                                           "counts", "packages", "losses"));
+    EXPECT_EQ(std::string_view(report["reader"]), "sql");
+    EXPECT_EQ(std::string_view(report["naturalView"]), "dbm");
+    EXPECT_EQ(std::string_view(report["databaseType"]), "SQLite");
+    EXPECT_EQ(std::uint64_t(report["counts"]["attributes"]), 7U);
+    EXPECT_EQ(std::uint64_t(report["counts"]["foreignKeys"]), 2U);
+    EXPECT_EQ(std::string_view(report["packages"].at(0)["path"]), "main");
+    EXPECT_EQ(std::uint64_t(report["packages"].at(0)["counts"]["classes"]), 3U);
+    EXPECT_EQ(std::string_view(report["losses"].at(0)["kind"]), "collations");
+    EXPECT_EQ(std::string_view(report["losses"].at(0)["where"]), "main.customer.name");
+    EXPECT_EQ(std::string_view(report["losses"].at(0)["detail"]), "NOCASE");
+}
+
+TEST_F(Commands, OptionsListsAllThatTheBridgeDescribes) {
+    ZOROptionList options;
+    ZORBridgeManager().load("MicrosoftSqlServerMdsMdcExport").getOptionList(options);
+    const Result text = run(scratch, {"options"});
+    const Result json = run(scratch, {"options", "--format", "json"});
+    simdjson::dom::parser parser;
+    const simdjson::dom::element report = parser.parse(json.out);
+    ASSERT_EQ(report["options"].get_array().size(), options.getOptions().size());
+    std::size_t index = 0;
+    for (const ZOROption* option : options.getOptions()) {
+        EXPECT_THAT(text.out, HasSubstr("\n  " + std::string(option->getDisplayName().view()) + "\n"));
+        const simdjson::dom::element described = report["options"].at(index++);
+        EXPECT_EQ(std::string_view(described["displayName"]), option->getDisplayName().view());
+        EXPECT_EQ(std::string_view(described["name"]), option->getName().view());
+        EXPECT_EQ(std::string_view(described["type"]), option->getType().view());
+        EXPECT_EQ(std::string_view(described["default"]), option->getDefault().view());
+        EXPECT_EQ(std::string_view(described["description"]), option->getDescription().view());
+        std::size_t value = 0;
+        for (const ZORString& permitted : option->getPermittedValues()) {
+            EXPECT_EQ(std::string_view(described["values"].at(value++)), permitted.view());
+        }
+        EXPECT_EQ(described["values"].get_array().size(), value);
+    }
+}
+
+TEST_F(Commands, OptionsListsTheReaders) {
+    const Result text = run(scratch, {"options"});
+    simdjson::dom::parser parser;
+    const simdjson::dom::element report = parser.parse(run(scratch, {"options", "--format", "json"}).out);
+    ASSERT_EQ(report["readers"].get_array().size(), readers::allReaders().size());
+    std::size_t index = 0;
+    for (const readers::Reader* reader : readers::allReaders()) {
+        const readers::ReaderDescription& description = reader->describe();
+        EXPECT_THAT(text.out, HasSubstr("\n  " + description.name + "\n"));
+        const simdjson::dom::element described = report["readers"].at(index++);
+        EXPECT_EQ(std::string_view(described["name"]), description.name);
+        EXPECT_EQ(std::string_view(described["title"]), description.title);
+        EXPECT_EQ(bool(described["takesSelection"]), description.takesSelection);
+        EXPECT_EQ(described["options"].get_array().size(), description.options.size());
+    }
+}
+
+TEST_F(Commands, OptionsShowsOneByItsNames) {
+    const Result shown = run(scratch, {"options", "Model"});
+    EXPECT_THAT(shown.out, HasSubstr("  Model\n"
+                                     "      Enumerated, \"UML\" unless set; set by --view\n"
+                                     "      Values: \"UML\", \"ERD\", \"DBM\" or \"ERD and DBM\"\n"
+                                     "      Specifies the target Open Information Model.\n"
+                                     "        'UML' - Export a UML view of the model.\n"));
+    EXPECT_THAT(shown.out, Not(HasSubstr("Readers")));
+    EXPECT_EQ(run(scratch, {"options", "BP_MODEL"}).out, shown.out);
+    const Result reader = run(scratch, {"options", "sqlite"});
+    EXPECT_THAT(reader.out, StartsWith("Readers:\n\n  sqlite\n"));
+    const simdjson::padded_string json(run(scratch, {"options", "sqlite", "--format", "json"}).out);
+    simdjson::dom::parser parser;
+    const simdjson::dom::element report = parser.parse(json);
+    EXPECT_EQ(report["options"].get_array().size(), 0U);
+    EXPECT_EQ(report["readers"].get_array().size(), 1U);
+}
+
+}  // namespace
+}  // namespace cli_test

@@ -1,0 +1,161 @@
+// What each exit code means, and what is said with it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "ExitCode.h"
+#include "ProgramRunner.h"
+#include "Sources.h"
+
+namespace fs = std::filesystem;
+
+namespace cli_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ExitCode : public testing::Test {
+  protected:
+    ExitCode() {
+        scratch.write("shop.sql", SHOP_SQL);
+        scratch.write("m.model.json", modelDocument("m"));
+    }
+    Scratch scratch;
+};
+
+TEST_F(ExitCode, Is0WhenAllIsWell) {
+    EXPECT_EQ(run(scratch, {"export", "m.model.json", "--view", "dbm"}).exitCode, 0);
+    EXPECT_EQ(run(scratch, {"inspect", "m.model.json"}).exitCode, 0);
+    EXPECT_EQ(run(scratch, {"options"}).exitCode, 0);
+    EXPECT_EQ(run(scratch, {"--help"}).exitCode, 0);
+    EXPECT_EQ(run(scratch, {"--version"}).exitCode, 0);
+}
+
+TEST_F(ExitCode, Is3WhenThereIsNoSource) {
+    for (const std::string prefix : {"", "sqlite:", "sql:", "json:"}) {
+        const Result result = run(scratch, {"export", prefix + "no.db", "out.xml"});
+        EXPECT_EQ(result.exitCode, 3);
+        EXPECT_EQ(result.err, "oimbridge: error: no.db: cannot be opened: No such file or directory\n");
+    }
+    EXPECT_THAT(scratch.list(), ElementsAre("m.model.json", "shop.sql")) << "a source is never made";
+}
+
+TEST_F(ExitCode, Is3WhenThePrefixIsUnknown) {
+    const Result result = run(scratch, {"inspect", "oracle:shop"});
+    EXPECT_EQ(result.exitCode, 3);
+    EXPECT_THAT(result.err,
+                StartsWith("oimbridge: error: oracle:shop: cannot be opened: No such file or directory\n"
+                           "hint: the prefixes of sources are "));
+}
+
+TEST_F(ExitCode, Is3WhenTheSourceIsAFolderOrADevice) {
+    fs::create_directory(scratch.path() / "folder");
+    const Result folder = run(scratch, {"inspect", "folder"});
+    EXPECT_EQ(folder.exitCode, 3);
+    EXPECT_EQ(folder.err, "oimbridge: error: folder: is a folder\nhint: name a file in it\n");
+    EXPECT_EQ(run(scratch, {"inspect", "/dev/zero"}).exitCode, 3);
+}
+
+TEST_F(ExitCode, Is4WhenTheSourceIsOfNoKnownKind) {
+    scratch.write("paper.pdf", "%PDF-1.4\n%\xE2\xE3\xCF\xD3\n");
+    const Result result = run(scratch, {"export", "paper.pdf"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_THAT(result.err,
+                StartsWith("oimbridge: error: paper.pdf: this is no kind of source that is known\n"
+                           "hint: when it is one, name its kind in front: "));
+}
+
+TEST_F(ExitCode, Is4WhenTheSourceIsEmpty) {
+    scratch.write("empty", "");
+    const Result result = run(scratch, {"export", "empty", "out.xml"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_EQ(result.err, "oimbridge: error: empty: there is nothing in it\n");
+}
+
+TEST_F(ExitCode, Is4WhenTheSourceIsNotUnderstood) {
+    scratch.write("broken.model.json", R"({"format": "oim-source-model", "version": 1, "model": {"name": )");
+    scratch.write("broken.sql", "CREATE TABLE t (a INTEGER;");
+    for (const std::string source : {"broken.model.json", "broken.sql", "json:shop.sql", "sqlite:shop.sql"}) {
+        const Result result = run(scratch, {"export", source, "out.xml", "--view", "dbm"});
+        EXPECT_EQ(result.exitCode, 4) << source;
+        EXPECT_THAT(result.err,
+                    StartsWith("oimbridge: error: " + source.substr(source.find(':') + 1) + ": "));
+        EXPECT_FALSE(scratch.exists("out.xml"));
+    }
+}
+
+TEST_F(ExitCode, Is4WhenTheModelIsNotSound) {
+    scratch.write("cycle.model.json", R"({"format": "oim-source-model", "version": 1, "model": {"name": "m",
+        "types": [{"id": "a", "kind": "alias", "name": "A", "base": "b"},
+                  {"id": "b", "kind": "alias", "name": "B", "base": "a"}],
+        "children": [{"kind": "package", "name": "p", "elements": [{"kind": "class", "name": "t"}]}]}})");
+    for (const std::string command : {"export", "inspect"}) {
+        const Result result = run(scratch, {command, "cycle.model.json"});
+        EXPECT_EQ(result.exitCode, command == "export" ? 2 : 4) << result.err;
+    }
+    const Result result = run(scratch, {"export", "cycle.model.json", "--view", "dbm"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_THAT(result.err,
+                HasSubstr("oimbridge: error: cycle.model.json: the model is not sound, so it cannot be "
+                          "written\nhint: correct what is named above in the source\n"));
+    EXPECT_FALSE(scratch.exists("cycle.xml"));
+}
+
+TEST_F(ExitCode, Is4WhenTheModelsNameMakesTheDocumentMalformed) {
+    for (const std::string name : {"R&D", "a<b", "\\\"quoted\\\""}) {
+        scratch.write("named.model.json", modelDocument(name));
+        const Result refused = run(scratch, {"export", "named.model.json", "out.xml", "--view", "dbm"});
+        EXPECT_EQ(refused.exitCode, 4);
+        EXPECT_THAT(refused.err, HasSubstr("hint: give the model another name with --model-name\n"));
+        EXPECT_FALSE(scratch.exists("out.xml"));
+        const Result renamed = run(scratch, {"export", "named.model.json", "ok.xml", "--view", "dbm",
+                                             "--model-name", "Fine", "--overwrite"});
+        EXPECT_EQ(renamed.exitCode, 0) << renamed.err;
+        EXPECT_THAT(scratch.read("ok.xml"), HasSubstr("Fine"));
+    }
+}
+
+TEST_F(ExitCode, Is2WhenTheNameGivenMakesTheDocumentMalformed) {
+    const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--model-name", "R&D"});
+    EXPECT_EQ(
+        result.err,
+        "oimbridge: error: --model-name: a document cannot hold the name \"R&D\" because of the '&' in it\n");
+    EXPECT_EQ(result.exitCode, 2);
+}
+
+TEST_F(ExitCode, Is5WhenTheBridgeCannotBeLoaded) {
+    const Result result = run(scratch, Setting{.arguments = {"export", "shop.sql"},
+                                               .environment = {{"ZOR_BRIDGE_PATH", scratch / "nowhere"}}});
+    EXPECT_EQ(result.exitCode, 5);
+    EXPECT_THAT(result.err, HasSubstr("$TMPDIR/nowhere"));
+    EXPECT_FALSE(scratch.exists("shop.xml"));
+}
+
+TEST_F(ExitCode, Is6WhenThereIsNoTableOrClass) {
+    scratch.write("empty.sql", "-- nothing yet\nCREATE TABLE t (a INTEGER); DROP TABLE t;\n");
+    const Result result = run(scratch, {"export", "sql:empty.sql", "out.xml"});
+    EXPECT_EQ(result.exitCode, 6);
+    EXPECT_EQ(result.err,
+              "oimbridge: error: empty.sql: there is no table or class in it\n"
+              "hint: --allow-empty accepts that\n");
+    EXPECT_FALSE(scratch.exists("out.xml"));
+    EXPECT_EQ(run(scratch, {"export", "sql:empty.sql", "out.xml", "--allow-empty"}).exitCode, 0);
+    EXPECT_THAT(scratch.read("out.xml"), testing::EndsWith("</oim:Transfer>\n"));
+    EXPECT_EQ(run(scratch, {"inspect", "sql:empty.sql"}).exitCode, 6);
+    EXPECT_EQ(run(scratch, {"inspect", "sql:empty.sql", "--allow-empty"}).exitCode, 0);
+}
+
+TEST_F(ExitCode, Is6WhenTheSelectionLeavesNothing) {
+    const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--table", "nothing*"});
+    EXPECT_EQ(result.exitCode, 6);
+    EXPECT_THAT(result.err, HasSubstr("oimbridge: warning: shop.sql: "));
+    EXPECT_THAT(result.err, HasSubstr("oimbridge: error: shop.sql: the selection leaves no table\n"
+                                      "hint: --allow-empty accepts that\n"));
+    EXPECT_FALSE(scratch.exists("out.xml"));
+}
+
+}  // namespace
+}  // namespace cli_test

@@ -1,0 +1,283 @@
+// What the program says to command lines that it does not understand.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ProgramRunner.h"
+#include "Sources.h"
+
+namespace cli_test {
+namespace {
+
+struct UsageCase {
+    const char* name;
+    std::vector<std::string> arguments;
+    std::string message;
+};
+
+class WrongUse : public testing::TestWithParam<UsageCase> {};
+
+TEST_P(WrongUse, IsToldWithWhatToDo) {
+    const Scratch scratch;
+    scratch.write("shop.sql", SHOP_SQL);
+    scratch.write("m.model.json", modelDocument("m"));
+    const std::vector<std::string> before = scratch.list();
+    const Result result = run(scratch, GetParam().arguments);
+    EXPECT_EQ(result.err, GetParam().message);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(scratch.list(), before);
+}
+
+const std::string EXPORT_HELP = "hint: \"oimbridge export --help\" lists the options\n";
+const std::string PROGRAM_HELP = "hint: \"oimbridge --help\" lists the commands\n";
+
+std::string error(const std::string& text) {
+    return "oimbridge: error: " + text + "\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, WrongUse,
+    testing::Values(UsageCase{"Missing", {}, error("a command is missing") + PROGRAM_HELP},
+                    UsageCase{"Empty", {""}, error("there is no command \"\"") + PROGRAM_HELP},
+                    UsageCase{"Mistyped",
+                              {"exprot", "shop.sql"},
+                              error("there is no command \"exprot\"") + "hint: did you mean \"export\"?\n"},
+                    UsageCase{
+                        "Unknown", {"compile"}, error("there is no command \"compile\"") + PROGRAM_HELP},
+                    UsageCase{"IsASource",
+                              {"shop.sql"},
+                              error("there is no command \"shop.sql\"") +
+                                  "hint: a source stands behind a command: \"oimbridge export shop.sql\"\n"},
+                    UsageCase{"OnlyGeneralOptions", {"-q"}, error("a command is missing") + PROGRAM_HELP},
+                    UsageCase{"UnknownOptionBefore",
+                              {"--frob", "export"},
+                              error("--frob: there is no such option") + PROGRAM_HELP},
+                    UsageCase{"OptionOfACommandBefore",
+                              {"--overwrite", "export", "shop.sql"},
+                              error("--overwrite: this option stands behind the command") +
+                                  "hint: \"oimbridge export\" takes it\n"}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Positionals, WrongUse,
+    testing::Values(
+        UsageCase{"SourceMissing", {"export"}, error("SOURCE is missing") + EXPORT_HELP},
+        UsageCase{"SourceMissingOfInspect",
+                  {"inspect"},
+                  error("SOURCE is missing") + "hint: \"oimbridge inspect --help\" lists the options\n"},
+        UsageCase{"SourceEmpty", {"export", ""}, error("SOURCE: the argument is empty")},
+        UsageCase{"SourceIsOnlyAPrefix",
+                  {"export", "json:"},
+                  error("json:: the path is missing behind the prefix")},
+        UsageCase{"OutEmpty", {"export", "shop.sql", ""}, error("OUT.xml: the argument is empty")},
+        UsageCase{"OneTooMany",
+                  {"export", "shop.sql", "a.xml", "b.xml"},
+                  error("the argument \"b.xml\" is one too many") + EXPORT_HELP},
+        UsageCase{"OneTooManyBehindTheMark",
+                  {"inspect", "--", "shop.sql", "--strict"},
+                  error("the argument \"--strict\" is one too many") +
+                      "hint: \"oimbridge inspect --help\" lists the options\n"},
+        UsageCase{"OutMissingForStandardInput",
+                  {"export", "json:-", "--view", "dbm"},
+                  error("OUT.xml is missing, and standard input has no name to make one from") +
+                      "hint: \"-\" is standard output\n"},
+        UsageCase{"OutTwice",
+                  {"export", "shop.sql", "a.xml", "-o", "b.xml"},
+                  error("--output: the output is named twice, as the argument OUT and with this option")},
+        UsageCase{"NameUnknown",
+                  {"options", "Modle"},
+                  error("there is no option and no reader \"Modle\". Did you mean \"Model\"?") +
+                      "hint: \"oimbridge options\" lists all\n"}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Options, WrongUse,
+    testing::Values(
+        UsageCase{"Mistyped",
+                  {"export", "shop.sql", "--tabel", "x"},
+                  error("--tabel: there is no such option") + "hint: did you mean \"--table\"?\n"},
+        UsageCase{"MistypedWithValue",
+                  {"export", "shop.sql", "--tabel=x"},
+                  error("--tabel: there is no such option") + "hint: did you mean \"--table\"?\n"},
+        UsageCase{"UnknownLetter",
+                  {"export", "shop.sql", "-x"},
+                  error("-x: there is no such option") + EXPORT_HELP},
+        UsageCase{
+            "OfAnotherCommand",
+            {"inspect", "shop.sql", "--overwrite"},
+            error("--overwrite: \"inspect\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{"ValueMissing",
+                  {"export", "shop.sql", "--table"},
+                  error("--table: the value PATTERN is missing")},
+        UsageCase{"ValueMissingOfALetter",
+                  {"export", "shop.sql", "-o"},
+                  error("--output: the value OUT is missing")},
+        UsageCase{"ValueMissingBeforeAnOption",
+                  {"export", "shop.sql", "--table", "--no-views"},
+                  error("--table: the value PATTERN is missing before \"--no-views\"") +
+                      "hint: write \"--table=--no-views\" when that is the value\n"},
+        UsageCase{"ValueMissingBehindTheEqualSign",
+                  {"export", "shop.sql", "--view="},
+                  error("--view: the value VIEW is missing")},
+        UsageCase{"ValueEmpty",
+                  {"export", "shop.sql", "--model-name", ""},
+                  error("--model-name: the value is empty")},
+        UsageCase{
+            "ValueUnknown",
+            {"export", "shop.sql", "--view", "db"},
+            error("--view: \"db\" is not one of uml, erd, dbm, erd+dbm") + "hint: did you mean \"dbm\"?\n"},
+        UsageCase{
+            "ValueInAnotherLetterCase",
+            {"export", "shop.sql", "--view", "DBM"},
+            error("--view: \"DBM\" is not one of uml, erd, dbm, erd+dbm") + "hint: did you mean \"dbm\"?\n"},
+        UsageCase{"SwitchWithValue",
+                  {"export", "shop.sql", "--overwrite=yes"},
+                  error("--overwrite: this switch takes no value")},
+        UsageCase{"Twice",
+                  {"export", "shop.sql", "--view", "dbm", "--view", "dbm"},
+                  error("--view: given 2 times, but it takes one value")},
+        UsageCase{"QuietAndVerbose",
+                  {"export", "shop.sql", "-q", "-v"},
+                  error("--quiet: this does not go together with --verbose")},
+        UsageCase{"LogFormatUnknown",
+                  {"export", "shop.sql", "--log-format", "xml"},
+                  error("--log-format: \"xml\" is not one of text, json")},
+        UsageCase{"FormatMistyped",
+                  {"options", "--format", "jsno"},
+                  error("--format: \"jsno\" is not one of text, json") + "hint: did you mean \"json\"?\n"}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Indentation, WrongUse,
+    testing::Values(
+        UsageCase{"Negative",
+                  {"export", "shop.sql", "--indent", "-1"},
+                  error("--indent: \"-1\" is neither a number from 0 to 16 nor \"tab\" nor \"none\"")},
+        UsageCase{"TooWide",
+                  {"export", "shop.sql", "--indent", "17"},
+                  error("--indent: \"17\" is neither a number from 0 to 16 nor \"tab\" nor \"none\"")},
+        UsageCase{"Overflowing",
+                  {"export", "shop.sql", "--indent", "99999999999999999999"},
+                  error("--indent: \"99999999999999999999\" is neither a number from 0 to 16 nor \"tab\" nor "
+                        "\"none\"")},
+        UsageCase{"NotANumber",
+                  {"export", "shop.sql", "--indent", "2em"},
+                  error("--indent: \"2em\" is neither a number from 0 to 16 nor \"tab\" nor \"none\"")},
+        UsageCase{
+            "InControlCharacters",
+            {"export", "shop.sql", "--indent", "\x1b[2J"},
+            error("--indent: \"\\u001b[2J\" is neither a number from 0 to 16 nor \"tab\" nor \"none\"")}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    BridgeOptions, WrongUse,
+    testing::Values(
+        UsageCase{"SetWithoutValue",
+                  {"export", "shop.sql", "--set", "Model"},
+                  error("--set: \"Model\" is not of the form \"NAME=VALUE\"") +
+                      "hint: \"oimbridge options\" lists the names\n"},
+        UsageCase{"SetWithoutName",
+                  {"export", "shop.sql", "--set", "=DBM"},
+                  error("--set: \"=DBM\" is not of the form \"NAME=VALUE\"") +
+                      "hint: \"oimbridge options\" lists the names\n"},
+        UsageCase{"SetOfAnUnknownOption",
+                  {"export", "shop.sql", "--set", "DBM TypSet=None"},
+                  error("--set: There is no option \"DBM TypSet\". Did you mean \"DBM TypeSet\" or \"ERD "
+                        "TypeSet\"?")},
+        UsageCase{
+            "SetToAnUnknownValue",
+            {"export", "shop.sql", "--set", "Model=dbm"},
+            error("--set: The option \"Model\" does not permit the value \"dbm\". Did you mean \"DBM\"?")},
+        UsageCase{"SetToNothing",
+                  {"export", "shop.sql", "--set", "Model="},
+                  error("--set: The option \"Model\" does not permit the value \"\".")},
+        UsageCase{"SetOfTheFile",
+                  {"export", "shop.sql", "--set", "File=x.xml"},
+                  error("--set: the option \"File\" is what OUT says") +
+                      "hint: name the output as OUT or with --output\n"},
+        UsageCase{
+            "TypeSetMistyped",
+            {"export", "shop.sql", "--dbm-typeset", "Oracle 8"},
+            error("--dbm-typeset: The option \"DBM TypeSet\" does not permit the value \"Oracle 8\". Did you "
+                  "mean \"Oracle 8.x\"?")},
+        UsageCase{"ErdTypeSetUnknown",
+                  {"export", "shop.sql", "--erd-typeset", "fish"},
+                  error("--erd-typeset: The option \"ERD TypeSet\" does not permit the value \"fish\".")}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Views, WrongUse,
+    testing::Values(
+        UsageCase{"Uml",
+                  {"export", "shop.sql", "--view", "uml"},
+                  error("--view: the UML view cannot be written by this version of the program") +
+                      "hint: pass --view dbm\n"},
+        UsageCase{"Erd",
+                  {"export", "shop.sql", "--view", "erd"},
+                  error("--view: the ERD view cannot be written by this version of the program") +
+                      "hint: pass --view dbm\n"},
+        UsageCase{"ErdAndDbm",
+                  {"export", "shop.sql", "--view", "erd+dbm"},
+                  error("--view: the ERD and DBM views cannot be written by this version of the program") +
+                      "hint: pass --view dbm\n"},
+        UsageCase{"SetBehindTheView",
+                  {"export", "shop.sql", "--view", "dbm", "--set", "Model=UML"},
+                  error("--set: the UML view cannot be written by this version of the program") +
+                      "hint: pass --view dbm\n"},
+        UsageCase{"NaturalViewOfTheSource",
+                  {"export", "m.model.json"},
+                  error("m.model.json: the UML view cannot be written by this version of the program") +
+                      "hint: pass --view dbm\n"}),
+    [](const auto& usage) { return usage.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Selection, WrongUse,
+    testing::Values(
+        UsageCase{
+            "OfAModelDocument",
+            {"inspect", "m.model.json", "--table", "x"},
+            error("--table: this kind of source is always read as a whole (the source is read as: model "
+                  "document)")},
+        UsageCase{
+            "NoViewsOfAModelDocument",
+            {"inspect", "m.model.json", "--no-views"},
+            error("--no-views: this kind of source is always read as a whole (the source is read as: model "
+                  "document)")},
+        UsageCase{
+            "PatternEmpty", {"inspect", "shop.sql", "--table", ""}, error("--table: the value is empty")}),
+    [](const auto& usage) { return usage.param.name; });
+
+TEST(WrongUseInJson, IsOneObject) {
+    const Scratch scratch;
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--log-format", "json", "exprot"}, {"exprot", "--log-format=json"}}) {
+        const Result result = run(scratch, arguments);
+        EXPECT_EQ(
+            result.err,
+            R"({"level":"error","subject":"","where":"","id":"","text":"there is no command \"exprot\"",)"
+            R"("hint":"did you mean \"export\"?"})"
+            "\n");
+        EXPECT_EQ(result.exitCode, 2);
+    }
+}
+
+TEST(SourceDateEpoch, HasToBeANumberOfSeconds) {
+    const Scratch scratch;
+    scratch.write("shop.sql", SHOP_SQL);
+    for (const std::string value :
+         {"yesterday", "-1", "1.5", " 1", "1 ", "253402300800", "99999999999999999999"}) {
+        const Result result = run(scratch, Setting{.arguments = {"export", "shop.sql"},
+                                                   .environment = {{"SOURCE_DATE_EPOCH", value}}});
+        EXPECT_EQ(result.exitCode, 2) << value;
+        EXPECT_EQ(
+            result.err,
+            "oimbridge: error: SOURCE_DATE_EPOCH: \"" + value +
+                "\" is no number of seconds from 0 to 253402300799\n"
+                "hint: \"date +%s\" prints such a number; without the variable, documents carry the time of "
+                "day\n");
+    }
+    EXPECT_EQ(scratch.list(), std::vector<std::string>{"shop.sql"});
+}
+
+}  // namespace
+}  // namespace cli_test
