@@ -45,7 +45,7 @@ class ZORVector {
     const T* end() const noexcept { return begin() + size(); }
 
     void reserve(std::size_t count) {
-        if (block_ == nullptr || block_->capacity < count) {
+        if (count > (block_ == nullptr ? 0 : block_->capacity)) {
             grow(count);
         }
     }
