@@ -120,6 +120,61 @@ TEST_F(FileTest, FillsTheBufferToItsLastByte) {
     EXPECT_EQ(record->text(), std::string(256 * 1024 - 1, 'x') + "yz");
 }
 
+TEST_F(FileTest, PrintsPiecesOneBehindTheOther) {
+    open(ZORFlushPolicy::BUFFER_FULL);
+    const char* word = "word";
+    file.print();
+    file.print("<", ZORString("tag"), ' ', std::string_view("d\0e", 3), word, ZORString(), INT_MIN, INT_MAX,
+               "\"/>");
+    file.print(0);
+    file.close();
+    EXPECT_EQ(record->text(), std::string("<tag d\0eword-21474836482147483647\"/>0", 37));
+}
+
+TEST_F(FileTest, PrintsTextsOfEveryLength) {
+    open(ZORFlushPolicy::BUFFER_FULL);
+    std::string expected;
+    for (char length = 0; length < 100; ++length) {
+        std::string text;
+        for (char i = 0; i < length; ++i) {
+            text += static_cast<char>(' ' + i);
+        }
+        file.print(text, '|');
+        expected += text + '|';
+    }
+    file.close();
+    EXPECT_EQ(record->text(), expected);
+}
+
+TEST_F(FileTest, PrintsPastTheEndOfTheBuffer) {
+    for (std::size_t room = 0; room < 20; ++room) {
+        record = std::make_shared<SinkRecord>();
+        open(ZORFlushPolicy::BUFFER_FULL);
+        const std::string filler(256 * 1024 - room, 'x');
+        file << filler;
+        file.print("<", ZORString("tag"), 12345, ">");
+        file.close();
+        EXPECT_EQ(record->text(), filler + "<tag12345>") << room << " bytes of room";
+    }
+}
+
+TEST_F(FileTest, EndsPrintedLinesAsThePolicySays) {
+    open(ZORFlushPolicy::EACH_LINE);
+    file.printLine("a", 1);
+    file.printLine();
+    file.print("rest");
+    EXPECT_THAT(record->writes, ElementsAre("a1\n", "\n"));
+    open(ZORFlushPolicy::BUFFER_FULL);
+    file.printLine("b");
+    EXPECT_EQ(record->writes.size(), 2U);
+}
+
+TEST_F(FileTest, CannotBePrintedToBeforeItIsOpened) {
+    file.print();
+    EXPECT_THAT(failureOf([&] { file.print("a"); }), HasSubstr("the file is not open"));
+    EXPECT_THAT(failureOf([&] { file.print(1); }), HasSubstr("the file is not open"));
+}
+
 TEST_F(FileTest, IsWrittenInPlaceByClaimAndCommit) {
     open(ZORFlushPolicy::BUFFER_FULL);
     std::string expected;

@@ -76,8 +76,17 @@ const ZORString& nameOf(const ZORObject& object) {
                                                  : object.getName();
 }
 
-bool hasPath(const ZORObject* object) {
+bool standsInPaths(const ZORObject* object) {
     return object != nullptr && object->isInstanceOf(ZOR_PACKAGE) && object->getElementType() != ZOR_MODEL;
+}
+
+/// Its name or, without one, its number among its parent's children.
+std::string describePackage(const ZORPackage& package) {
+    if (!nameOf(package).isEmpty()) {
+        return std::string(nameOf(package).view());
+    }
+    const auto& siblings = static_cast<const ZORPackage*>(package.getOwner())->getChildPackages();
+    return "#" + std::to_string(siblings.indexOf(const_cast<ZORPackage*>(&package)) + 1);
 }
 
 /// The names of the packages that the object is in, outermost first and each with a point behind it. Of many,
@@ -89,7 +98,7 @@ std::string packagesOf(const ZORObject& object) {
         return static_cast<const ZORModelObject*>(part)->getOwner();
     };
     if (object.isInstanceOf(ZOR_MODEL_OBJECT)) {
-        for (const ZORObject* owner = ownerOf(&object); hasPath(owner); owner = ownerOf(owner)) {
+        for (const ZORObject* owner = ownerOf(&object); standsInPaths(owner); owner = ownerOf(owner)) {
             packages.push_back(owner);
         }
     }
@@ -99,7 +108,7 @@ std::string packagesOf(const ZORObject& object) {
         if (packages.size() > MOST && i >= MOST / 2 && i < packages.size() - MOST / 2) {
             path += i == MOST / 2 ? "..." : "";
         } else {
-            path.append(nameOf(*packages[i])).append(".");
+            path.append(describePackage(static_cast<const ZORPackage&>(*packages[i]))).append(".");
         }
     }
     return path;
