@@ -79,9 +79,12 @@ void ZORFile::abandon() noexcept {
 }
 
 ZORFile& ZORFile::operator<<(int number) {
-    char* to = claim(16);
-    commit(std::to_chars(to, to + 16, number).ptr);
+    commit(put(claim(LONGEST_NUMBER), number));
     return *this;
+}
+
+char* ZORFile::put(char* to, int number) {
+    return std::to_chars(to, to + LONGEST_NUMBER, number).ptr;
 }
 
 void ZORFile::flush() {

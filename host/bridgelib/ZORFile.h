@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <type_traits>
 
 #include "ZORString.h"
 
@@ -23,6 +24,33 @@ enum class ZORFlushPolicy {
     EACH_LINE,   ///< at every end of line, as a log wants it
     BUFFER_FULL  ///< when the buffer is full and at the end, as a large file wants it
 };
+
+namespace zor {
+
+/// Copies the bytes and gives back where they end. Texts in a document are mostly of one to a few dozen
+/// bytes: for those, two copies of a fixed size that may overlap take less time than a call.
+inline char* copyBytes(char* to, const char* from, std::size_t count) noexcept {
+    const auto copyBothEnds = [&](auto size) {
+        std::memcpy(to, from, size);
+        std::memcpy(to + count - size, from + count - size, size);
+    };
+    if (count > 32) {
+        std::memcpy(to, from, count);
+    } else if (count >= 16) {
+        copyBothEnds(std::integral_constant<std::size_t, 16>());
+    } else if (count >= 8) {
+        copyBothEnds(std::integral_constant<std::size_t, 8>());
+    } else if (count >= 4) {
+        copyBothEnds(std::integral_constant<std::size_t, 4>());
+    } else if (count > 0) {
+        to[0] = from[0];
+        to[count / 2] = from[count / 2];
+        to[count - 1] = from[count - 1];
+    }
+    return to + count;
+}
+
+}  // namespace zor
 
 /// An output file with a buffer. Every write that fails throws a ZORException that names the path and the
 /// system's reason.
@@ -69,6 +97,26 @@ class ZORFile {
             writeLarge(bytes, count);
         }
     }
+    /// Writes pieces one behind the other: string literals, other texts, characters, and numbers in decimal.
+    /// The same as `<<` for each, in less time.
+    template <typename... Pieces>
+    void print(const Pieces&... pieces) {
+        if ((longest(pieces) + ... + std::size_t{0}) <= static_cast<std::size_t>(limit_ - next_)) {
+            char* to = next_;
+            ((to = put(to, pieces)), ...);
+            next_ = to;
+        } else {
+            ((*this << pieces), ...);
+        }
+    }
+    /// The pieces as a line, with what `endLine` does at its end.
+    template <typename... Pieces>
+    void printLine(const Pieces&... pieces) {
+        print(pieces..., '\n');
+        if (flushesLines_) {
+            flush();
+        }
+    }
     /// Ends the line with a line feed, and flushes when the policy says so.
     void endLine() {
         *this << '\n';
@@ -100,6 +148,28 @@ class ZORFile {
 
   private:
     static constexpr std::size_t BUFFER_SIZE = 256 * 1024;
+
+    static constexpr std::size_t LONGEST_NUMBER = 11;  // "-2147483648"
+
+    template <std::size_t N>
+    static constexpr std::size_t longest(const char (&/*literal*/)[N]) {
+        return N - 1;
+    }
+    static std::size_t longest(std::string_view text) { return text.size(); }
+    static constexpr std::size_t longest(char /*character*/) { return 1; }
+    static constexpr std::size_t longest(int /*number*/) { return LONGEST_NUMBER; }
+
+    template <std::size_t N>
+    static char* put(char* to, const char (&literal)[N]) {
+        std::memcpy(to, literal, N - 1);
+        return to + (N - 1);
+    }
+    static char* put(char* to, std::string_view text) { return zor::copyBytes(to, text.data(), text.size()); }
+    static char* put(char* to, char character) {
+        *to = character;
+        return to + 1;
+    }
+    static char* put(char* to, int number);
 
     void writeLarge(const char* bytes, std::size_t count);
     void makeRoom();

@@ -24,26 +24,42 @@ constexpr std::uint64_t repeat(unsigned char byte) {
     return 0x0101010101010101ULL * byte;
 }
 
-/// Whether some byte of the word is not clean. May say so of a clean word, never the other way round.
-bool mayNeedWork(std::uint64_t word) {
+/// Eight bytes of a text, the first one lowest.
+std::uint64_t loadWord(const char* bytes) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    if constexpr (std::endian::native == std::endian::big) {
+        word = __builtin_bswap64(word);
+    }
+    return word;
+}
+
+/// The index of the first byte of the word that is not clean; 8 when all are.
+std::size_t firstUnclean(std::uint64_t word) {
     constexpr std::uint64_t HIGH = repeat(0x80);
-    const auto hasZero = [](std::uint64_t value) { return (value - repeat(1)) & ~value & HIGH; };
+    // Marks zero bytes, and perhaps bytes above a zero byte.
+    const auto markZeros = [](std::uint64_t value) { return (value - repeat(1)) & ~value & HIGH; };
     // `"` and `&` (0x22, 0x26) differ in one bit, `<` and `>` (0x3c, 0x3e) in another: two tests find the
     // four.
-    return ((word & HIGH) | ((word - repeat(0x20)) & ~word & HIGH) |
-            hasZero((word & ~repeat(4)) ^ repeat('"')) | hasZero((word & ~repeat(2)) ^ repeat('<'))) != 0;
+    const std::uint64_t marks = (word & HIGH) | ((word - repeat(0x20)) & ~word & HIGH) |
+                                markZeros((word & ~repeat(4)) ^ repeat('"')) |
+                                markZeros((word & ~repeat(2)) ^ repeat('<'));
+    return static_cast<std::size_t>(std::countr_zero(marks)) / 8;
 }
 
 /// The length of the clean bytes that the text begins with.
 std::size_t cleanPrefix(std::string_view text) {
+    constexpr std::size_t WORD = sizeof(std::uint64_t);
     std::size_t at = 0;
-    while (at + sizeof(std::uint64_t) <= text.size()) {
-        std::uint64_t word;
-        std::memcpy(&word, text.data() + at, sizeof word);
-        if (mayNeedWork(word)) {
-            break;
+    for (; at + WORD <= text.size(); at += WORD) {
+        if (const std::size_t clean = firstUnclean(loadWord(text.data() + at)); clean < WORD) {
+            return at + clean;
         }
-        at += sizeof word;
+    }
+    if (at > 0 && at < text.size()) {
+        // The last word begins among bytes that are known to be clean.
+        const std::size_t last = text.size() - WORD;
+        return last + firstUnclean(loadWord(text.data() + last));
     }
     while (at < text.size() && CLEAN[static_cast<unsigned char>(text[at])]) {
         ++at;
@@ -117,6 +133,9 @@ void ZORXMLWriter::convert(std::string_view text, Output& output) {
     while (!text.empty()) {
         std::size_t taken = cleanPrefix(text);
         output(text.substr(0, taken));
+        if (taken == text.size()) {
+            break;
+        }
         // Characters beyond ASCII are copied in runs as well.
         std::size_t allowed = taken;
         Sequence sequence{0, true};
