@@ -1,12 +1,23 @@
 #include "ModelDocumentReader.h"
 
 #include "Builder.h"
+#include "Refusal.h"
 
 namespace readers {
 
 namespace {
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
+std::unique_ptr<ZORModel> buildModel(std::string_view text, ReadContext& context) {
+    try {
+        return document::Builder(text, context).build();
+    } catch (const document::Refusal& refusal) {
+        throw document::explain(text, refusal);
+    } catch (const simdjson::simdjson_error& error) {
+        throw document::explainSyntax(text, error.what());
+    }
+}
 
 std::string_view withoutByteOrderMark(std::string_view text) {
     return text.starts_with(BYTE_ORDER_MARK) ? text.substr(BYTE_ORDER_MARK.size()) : text;
@@ -38,8 +49,8 @@ class ModelDocumentReader : public Reader {
 
     std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,
                                    ReadContext& context) const override {
-        const std::string content = source.content(document::TEXT_PADDING);
-        std::unique_ptr<ZORModel> model = document::buildModel(withoutByteOrderMark(content), context);
+        const std::string content = source.content(document::DocumentText::PADDING);
+        std::unique_ptr<ZORModel> model = buildModel(withoutByteOrderMark(content), context);
         if (!request.modelName.empty()) {
             model->setName(ZORString(request.modelName));
         }

@@ -2,7 +2,6 @@
 
 #include "LargePages.h"
 #include "Refusal.h"
-#include "TextScanner.h"
 #include "Wording.h"
 
 namespace readers::document {
@@ -17,10 +16,6 @@ const ZORObject* enclosingClass(const ZORObject* object) noexcept {
         object = static_cast<const ZORModelObject*>(object)->getOwner();
     }
     return object;
-}
-
-std::string quoteId(std::string_view id) {
-    return '"' + abbreviate(id) + '"';
 }
 
 }  // namespace
@@ -98,14 +93,13 @@ void References::tieOne(std::uint32_t number, ZORModelObject& object, const IdTa
     const Target& wanted = *record.field->target;
     const IdTable::Entry* entry = ids.find(record.id);
     if (entry == nullptr) {
-        throw Refusal{
-            record.offset, describeItem(*record.field), quoteId(record.id) + ", which is no object's id", {}};
+        throw Refusal{record.offset, describeItem(*record.field), ", which is no object's id", {}};
     }
     ZORModelObject& target = *entry->object;
     if (!target.isInstanceOf(wanted.type)) {
         throw Refusal{record.offset,
                       describeItem(*record.field),
-                      quoteId(record.id) + ", the id of " + describeObject(target),
+                      ", the id of " + describeObject(target),
                       {},
                       entry->offset};
     }
@@ -113,7 +107,7 @@ void References::tieOne(std::uint32_t number, ZORModelObject& object, const IdTa
         enclosingClass(&target) != enclosingClass(&object)) {
         throw Refusal{record.offset,
                       describeItem(*record.field),
-                      quoteId(record.id) + ", the id of " + describeObject(target) + " elsewhere",
+                      ", the id of " + describeObject(target) + " elsewhere",
                       {},
                       entry->offset};
     }
@@ -129,11 +123,8 @@ void References::tieOne(std::uint32_t number, ZORModelObject& object, const IdTa
 void References::claim(const Record& record, const ZORModelObject& target) {
     const auto [claim, isFirst] = claims_.emplace(&target, record.offset);
     if (!isFirst) {
-        throw Refusal{record.offset,
-                      describeItem(*record.field),
-                      quoteId(record.id) + ", which is referred to already",
-                      {},
-                      claim->second};
+        throw Refusal{
+            record.offset, describeItem(*record.field), ", which is referred to already", {}, claim->second};
     }
 }
 
@@ -149,10 +140,8 @@ void References::refuseBaseCycles() const {
         }
         if (type->getGeneralPointer() == mark) {
             const Record& record = records_[number - 1];
-            throw Refusal{record.offset,
-                          "a type whose chain of bases ends",
-                          quoteId(record.id) + ", whose bases go round in a circle",
-                          {}};
+            throw Refusal{
+                record.offset, "a type whose chain of bases ends", ", whose bases go round in a circle", {}};
         }
     }
     for (const auto& [type, number] : basedTypes_) {

@@ -57,7 +57,9 @@ SourceError explain(std::string_view text, const Refusal& refusal) {
     } catch (const SyntaxFault& fault) {
         return makeError(text, scanner, fault);
     }
-    std::string found = refusal.found.empty() ? scanner.targetText() : refusal.found;
+    const bool isRemark =
+        refusal.found.empty() || refusal.found.front() == ',' || refusal.found.front() == ' ';
+    std::string found = (isRemark ? scanner.targetText() : std::string()) + refusal.found;
     if (refusal.related != Refusal::NO_OFFSET) {
         found += " (see line " + std::to_string(lineOf(text, refusal.related)) + ")";
     }

@@ -15,7 +15,8 @@ struct Refusal {
 
     std::size_t offset;    ///< where the value, key or object begins
     std::string expected;  ///< "an integer from 0 to 9"
-    std::string found;     ///< empty: the value or key that stands there
+    std::string
+        found;  ///< empty, or a remark that begins with "," or " ": the value or key that stands there
     std::string hint;
     /// Where something stands that has to do with it: its line is added to what was found.
     std::size_t related = NO_OFFSET;
