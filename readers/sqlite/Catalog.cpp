@@ -1,0 +1,258 @@
+#include "Catalog.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+#include "Definitions.h"
+#include "SqlTokens.h"
+
+namespace readers::sqlite {
+
+namespace {
+
+// Each query answers for the whole database. Virtual tables, which have no root page, are left out of them:
+// when the module of one of them is not there, SQLite gives up the whole query.
+constexpr std::string_view SCHEMA_QUERY =
+    "SELECT type, name, tbl_name, sql, rootpage FROM main.sqlite_schema ORDER BY rowid";
+
+constexpr std::string_view COLUMN_QUERY = R"(
+    SELECT s.name, c.name, c.type, c."notnull", c.dflt_value, c.pk, c.hidden
+    FROM main.sqlite_schema AS s, pragma_table_xinfo(s.name, 'main') AS c
+    WHERE s.type = 'table' AND s.rootpage > 0
+    ORDER BY s.rowid, c.cid)";
+
+constexpr std::string_view INDEX_QUERY = R"(
+    SELECT s.name, l.name, l.origin, l."unique", l.partial, m.cid, m."desc", m.coll
+    FROM main.sqlite_schema AS s, pragma_index_list(s.name, 'main') AS l, pragma_index_xinfo(l.name, 'main') AS m
+    WHERE s.type = 'table' AND s.rootpage > 0 AND m.key
+    ORDER BY s.rowid, l.seq, m.seqno)";
+
+constexpr std::string_view FOREIGN_KEY_QUERY = R"(
+    SELECT s.name, f.seq, f."table", f."from", f."to", f.on_update, f.on_delete
+    FROM main.sqlite_schema AS s, pragma_foreign_key_list(s.name, 'main') AS f
+    WHERE s.type = 'table' AND s.rootpage > 0
+    ORDER BY s.rowid, f.id DESC, f.seq)";
+
+struct ShadowSuffixes {
+    std::string_view module;
+    std::string_view suffixes;  ///< each between blanks
+};
+/// The modules whose virtual tables keep their data in tables named after them. That SQLite itself is not
+/// asked which tables these are has two reasons: it would compile all views, and not know modules that are
+/// not loaded.
+constexpr std::array<ShadowSuffixes, 7> SHADOWS = {{
+    {"fts3", " content docsize segdir segments stat "},
+    {"fts4", " content docsize segdir segments stat "},
+    {"fts5", " config content data docsize idx "},
+    {"rtree", " node parent rowid "},
+    {"rtree_i32", " node parent rowid "},
+    {"geopoly", " node parent rowid "},
+    {"spellfix1", " vocab "},
+}};
+
+bool isInternal(std::string_view name) noexcept {
+    return name.size() >= 7 && equalIgnoringCase(name.substr(0, 7), "sqlite_");
+}
+
+class CatalogReader {
+  public:
+    explicit CatalogReader(const Connection& connection) : connection_(connection) {}
+    Catalog read();
+
+  private:
+    void readSchema();
+    void addTable(const std::string& name, std::string sql, bool isVirtual);
+    void removeShadowTables();
+    void readColumns();
+    void readVirtualColumns(TableFacts& table);
+    void readIndexes();
+    IndexFacts indexOf(const Query& query) const;
+    void readForeignKeys();
+    TableFacts* find(const std::string& table);
+    static ColumnFacts columnOf(const Query& query, int first);
+
+    const Connection& connection_;
+    Catalog catalog_;
+    std::unordered_map<std::string, std::size_t> tableIndexes_;  ///< by name in small letters
+    /// Of the indexes, by name: their places in the order of creation, and their statements.
+    std::unordered_map<std::string, std::pair<std::size_t, std::string>> statements_;
+};
+
+Catalog CatalogReader::read() {
+    readSchema();
+    removeShadowTables();
+    for (std::size_t i = 0; i < catalog_.tables.size(); ++i) {
+        tableIndexes_[foldCase(catalog_.tables[i].name)] = i;
+    }
+    readColumns();
+    readIndexes();
+    readForeignKeys();
+    return std::move(catalog_);
+}
+
+void CatalogReader::readSchema() {
+    Query query(connection_, SCHEMA_QUERY);
+    while (query.next()) {
+        const std::string type = query.text(0);
+        const std::string name = query.text(1);
+        if (type == "index") {
+            statements_.emplace(name, std::pair(statements_.size(), query.text(3)));
+        } else if (type == "table" && !isInternal(name)) {
+            addTable(name, query.text(3), query.integer(4) == 0);
+        } else if (type == "view") {
+            catalog_.views.push_back({name, query.text(3)});
+        } else if (type == "trigger") {
+            catalog_.triggers.push_back({name, query.text(2), query.text(3)});
+        }
+    }
+}
+
+void CatalogReader::addTable(const std::string& name, std::string sql, bool isVirtual) {
+    TableFacts table;
+    table.name = name;
+    table.sql = std::move(sql);
+    table.isVirtual = isVirtual;
+    if (!isVirtual) {
+        table.definition = parseTableDefinition(table.sql);
+    }
+    catalog_.tables.push_back(std::move(table));
+}
+
+void CatalogReader::removeShadowTables() {
+    std::unordered_map<std::string, std::string> modules;
+    for (const TableFacts& table : catalog_.tables) {
+        if (table.isVirtual) {
+            modules[foldCase(table.name)] = parseVirtualTableDefinition(table.sql).module;
+        }
+    }
+    std::erase_if(catalog_.tables, [&](const TableFacts& table) {
+        const std::string name = foldCase(table.name);
+        const auto virtualTable = modules.find(name.substr(0, name.rfind('_')));
+        return !table.isVirtual && virtualTable != modules.end() &&
+               isShadowTable(name, virtualTable->first, virtualTable->second);
+    });
+}
+
+TableFacts* CatalogReader::find(const std::string& table) {
+    const auto found = tableIndexes_.find(foldCase(table));
+    return found == tableIndexes_.end() ? nullptr : &catalog_.tables[found->second];
+}
+
+ColumnFacts CatalogReader::columnOf(const Query& query, int first) {
+    ColumnFacts column;
+    column.name = query.text(first);
+    column.type = normalizeType(query.text(first + 1));
+    column.notNull = query.integer(first + 2) != 0;
+    column.defaultValue = query.text(first + 3);
+    column.keyPosition = static_cast<int>(query.integer(first + 4));
+    column.hidden = query.integer(first + 5) == 1;
+    return column;
+}
+
+void CatalogReader::readColumns() {
+    Query query(connection_, COLUMN_QUERY);
+    while (query.next()) {
+        if (TableFacts* table = find(query.text(0))) {
+            table->columns.push_back(columnOf(query, 1));
+        }
+    }
+    for (TableFacts& table : catalog_.tables) {
+        if (table.isVirtual) {
+            readVirtualColumns(table);
+        }
+    }
+}
+
+void CatalogReader::readVirtualColumns(TableFacts& table) {
+    try {
+        Query query(connection_, "PRAGMA main.table_xinfo(" + quoteName(table.name) + ")");
+        while (query.next()) {
+            table.columns.push_back(columnOf(query, 1));
+        }
+    } catch (const SourceError& failure) {
+        if (failure.kind() == SourceError::Kind::INTERRUPTED) {
+            throw;
+        }
+        table.problem = sqlite3_errmsg(connection_.handle());
+        table.columns.clear();
+    }
+}
+
+void CatalogReader::readIndexes() {
+    Query query(connection_, INDEX_QUERY);
+    while (query.next()) {
+        TableFacts* table = find(query.text(0));
+        if (table == nullptr) {
+            continue;
+        }
+        const std::string name = query.text(1);
+        if (table->indexes.empty() || table->indexes.back().name != name) {
+            table->indexes.push_back(indexOf(query));
+        }
+        table->indexes.back().members.push_back(
+            {static_cast<int>(query.integer(5)), query.integer(6) != 0, query.text(7)});
+    }
+    for (TableFacts& table : catalog_.tables) {
+        std::stable_sort(table.indexes.begin(), table.indexes.end(),
+                         [](const IndexFacts& a, const IndexFacts& b) { return a.createdAs < b.createdAs; });
+    }
+}
+
+IndexFacts CatalogReader::indexOf(const Query& query) const {
+    IndexFacts index;
+    index.name = query.text(1);
+    const std::string origin = query.text(2);
+    index.origin = origin == "pk"  ? IndexFacts::Origin::PRIMARY_KEY
+                   : origin == "u" ? IndexFacts::Origin::UNIQUE_CONSTRAINT
+                                   : IndexFacts::Origin::CREATE_INDEX;
+    index.unique = query.integer(3) != 0;
+    index.partial = query.integer(4) != 0;
+    const auto statement = statements_.find(index.name);
+    if (statement != statements_.end()) {
+        index.createdAs = statement->second.first;
+        index.sql = statement->second.second;
+    }
+    return index;
+}
+
+/// SQLite counts a table's foreign keys from the last one that was declared.
+void CatalogReader::readForeignKeys() {
+    Query query(connection_, FOREIGN_KEY_QUERY);
+    while (query.next()) {
+        TableFacts* table = find(query.text(0));
+        if (table == nullptr) {
+            continue;
+        }
+        if (query.integer(1) == 0) {
+            table->foreignKeys.push_back({query.text(2), {}, {}, query.text(5), query.text(6)});
+        }
+        table->foreignKeys.back().columns.push_back(query.text(3));
+        table->foreignKeys.back().parentColumns.push_back(query.text(4));
+    }
+}
+
+}  // namespace
+
+bool IndexFacts::isPlain() const noexcept {
+    return !partial && std::none_of(members.begin(), members.end(),
+                                    [](const IndexMember& member) { return member.column < 0; });
+}
+
+bool isShadowTable(std::string_view table, std::string_view virtualTable, std::string_view module) noexcept {
+    if (table.size() <= virtualTable.size() + 1 || table[virtualTable.size()] != '_' ||
+        !equalIgnoringCase(table.substr(0, virtualTable.size()), virtualTable)) {
+        return false;
+    }
+    const std::string suffix = " " + foldCase(table.substr(virtualTable.size() + 1)) + " ";
+    return std::any_of(SHADOWS.begin(), SHADOWS.end(), [&](const ShadowSuffixes& shadow) {
+        return equalIgnoringCase(shadow.module, module) &&
+               shadow.suffixes.find(suffix) != std::string_view::npos;
+    });
+}
+
+Catalog readCatalog(const Connection& connection) {
+    return CatalogReader(connection).read();
+}
+
+}  // namespace readers::sqlite

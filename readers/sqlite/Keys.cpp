@@ -1,0 +1,197 @@
+// Candidate keys and indexes.
+
+#include <algorithm>
+
+#include "Build.h"
+#include "Definitions.h"
+#include "SqlTokens.h"
+
+namespace readers::sqlite {
+
+namespace {
+
+using Columns = std::vector<ZORAttribute*>;
+
+bool haveSameMembers(const ZORVector<ZORAttribute*>& key, const Columns& columns) {
+    return key.size() == columns.size() &&
+           std::all_of(columns.begin(), columns.end(),
+                       [&](ZORAttribute* column) { return key.contains(column); });
+}
+
+Columns primaryColumnsOf(const TableModel& table) {
+    const auto& facts = table.facts->columns;
+    Columns columns;
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        const auto position = static_cast<std::size_t>(std::max(facts[i].keyPosition, 0));
+        if (position > 0 && table.attributes[i] != nullptr) {
+            columns.resize(std::max(columns.size(), position));
+            columns[position - 1] = table.attributes[i];
+        }
+    }
+    columns.erase(std::remove(columns.begin(), columns.end(), nullptr), columns.end());
+    return columns;
+}
+
+std::vector<std::string> namesOf(const Columns& columns) {
+    std::vector<std::string> names;
+    for (const ZORAttribute* column : columns) {
+        names.emplace_back(column->getName().view());
+    }
+    return names;
+}
+
+/// The name that the statement gives the constraint of these columns, or nothing.
+std::string declaredName(const TableModel& table, bool primary, const Columns& columns) {
+    const auto& keys = table.facts->definition.keys;
+    const auto found = std::find_if(keys.begin(), keys.end(), [&](const KeyConstraint& key) {
+        return key.primary == primary && !key.name.empty() &&
+               std::equal(key.members.begin(), key.members.end(), columns.begin(), columns.end(),
+                          [](const KeyMember& member, const ZORAttribute* column) {
+                              return equalIgnoringCase(member.column, column->getName().view());
+                          });
+    });
+    return found == keys.end() ? std::string() : found->name;
+}
+
+void addPrimaryKey(Build& build, const TableModel& table) {
+    const Columns columns = primaryColumnsOf(table);
+    if (columns.empty()) {
+        return;
+    }
+    const std::string declared = declaredName(table, true, columns);
+    const std::string name = declared.empty() ? build.names.makeUp(table.facts->name + "_pk") : declared;
+    addCandidateKey(table, name, columns)->setPrimaryOfClass(table.cls);
+}
+
+void addUniqueKeys(Build& build, const TableModel& table) {
+    for (const IndexFacts& index : table.facts->indexes) {
+        const Columns columns = plainColumnsOf(table, index);
+        if (index.origin == IndexFacts::Origin::UNIQUE_CONSTRAINT && !columns.empty()) {
+            const std::string declared = declaredName(table, false, columns);
+            const std::string made = table.facts->name + "_" + join(namesOf(columns), "_") + "_uk";
+            addCandidateKey(table, declared.empty() ? build.names.makeUp(made) : declared, columns);
+        }
+    }
+}
+
+/// The key for whose sake an index is there: the candidate key that it makes unique, or else the foreign key
+/// of its columns.
+ZORKey* findBackedKey(const TableModel& table, const IndexFacts& index) {
+    const Columns columns = plainColumnsOf(table, index);
+    if (columns.empty()) {
+        return nullptr;
+    }
+    ZORKey* backed = index.unique ? findCandidateKey(*table.cls, columns) : nullptr;
+    for (ZORKey* key : table.cls->getKeys()) {
+        if (backed == nullptr && key->getElementType() == ZOR_FOREIGN_KEY &&
+            haveSameMembers(key->getAttributes(), columns)) {
+            backed = key;
+        }
+    }
+    return backed;
+}
+
+void addIndexMembers(Build& build, const TableModel& table, const IndexFacts& facts, ZORIndex& index) {
+    const IndexDefinition definition = parseIndexDefinition(facts.sql);
+    const std::string place = placeOf(facts.name);
+    for (std::size_t i = 0; i < facts.members.size(); ++i) {
+        const IndexMember& member = facts.members[i];
+        const std::string text = i < definition.members.size() ? definition.members[i] : std::string();
+        if (member.column < 0) {
+            build.losses.add("index expressions", place, text);
+            continue;
+        }
+        const auto column = static_cast<std::size_t>(member.column);
+        auto added = std::make_unique<ZORIndexMember>();
+        added->setAttribute(table.attributes[column]);
+        added->setSortOrder(member.descending ? ZOR_SORT_DESCENDING : ZOR_SORT_ASCENDING);
+        index.addIndexMember(std::move(added));
+        const ColumnDefinition* declared = table.facts->definition.column(table.facts->columns[column].name);
+        const std::string usual =
+            declared == nullptr || declared->collation.empty() ? "BINARY" : declared->collation;
+        if (!equalIgnoringCase(member.collation, usual)) {
+            build.losses.add("collations", place, text);
+        }
+    }
+    if (facts.partial) {
+        build.losses.add("partial-index conditions", place,
+                         definition.condition + (facts.unique ? " (unique among these rows only)" : ""));
+    }
+}
+
+/// An index that cannot be shown whole makes nothing unique that is shown, and one of nothing but expressions
+/// cannot be shown at all.
+void addIndex(Build& build, const TableModel& table, const IndexFacts& facts) {
+    auto index = std::make_unique<ZORIndex>();
+    index->setName(ZORString(facts.name));
+    index->setUnique(facts.unique && facts.isPlain());
+    index->setKey(findBackedKey(table, facts));
+    addIndexMembers(build, table, facts, *index);
+    if (!index->getIndexMembers().isEmpty()) {
+        table.cls->addIndex(std::move(index));
+    }
+}
+
+}  // namespace
+
+ZORCandidateKey* addCandidateKey(const TableModel& table, const std::string& name,
+                                 const std::vector<ZORAttribute*>& columns) {
+    auto key = std::make_unique<ZORCandidateKey>();
+    key->setName(ZORString(name));
+    key->setUnique(true);
+    ZORCandidateKey* added = table.cls->addKey(std::move(key));
+    for (ZORAttribute* column : columns) {
+        added->addAttribute(column);
+    }
+    return added;
+}
+
+ZORCandidateKey* findCandidateKey(const ZORClass& cls, const std::vector<ZORAttribute*>& columns) {
+    for (ZORKey* key : cls.getKeys()) {
+        if (key->getElementType() == ZOR_CANDIDATE_KEY && haveSameMembers(key->getAttributes(), columns)) {
+            return static_cast<ZORCandidateKey*>(key);
+        }
+    }
+    return nullptr;
+}
+
+std::vector<ZORAttribute*> plainColumnsOf(const TableModel& table, const IndexFacts& index) {
+    Columns columns;
+    if (index.isPlain()) {
+        for (const IndexMember& member : index.members) {
+            ZORAttribute* column = table.attributes[static_cast<std::size_t>(member.column)];
+            if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
+                columns.push_back(column);
+            }
+        }
+    }
+    return columns;
+}
+
+void addCandidateKeys(Build& build) {
+    for (const TableModel& table : build.tables) {
+        for (const KeyConstraint& key : table.facts->definition.keys) {
+            build.names.add(key.name);
+        }
+        for (const ReferenceConstraint& reference : table.facts->definition.references) {
+            build.names.add(reference.name);
+        }
+    }
+    for (const TableModel& table : build.tables) {
+        addPrimaryKey(build, table);
+        addUniqueKeys(build, table);
+    }
+}
+
+void addIndexes(Build& build) {
+    for (const TableModel& table : build.tables) {
+        for (const IndexFacts& index : table.facts->indexes) {
+            if (index.origin == IndexFacts::Origin::CREATE_INDEX) {
+                addIndex(build, table, index);
+                build.monitor.advance();
+            }
+        }
+    }
+}
+
+}  // namespace readers::sqlite

@@ -1,0 +1,104 @@
+// What a CREATE TABLE statement says and a model cannot hold.
+
+#include "Build.h"
+#include "Definitions.h"
+#include "SqlTokens.h"
+
+namespace readers::sqlite {
+
+namespace {
+
+class TableLosses {
+  public:
+    TableLosses(LossReport& losses, const TableFacts& table)
+        : losses_(losses), table_(table), definition_(table.definition) {}
+
+    void report() {
+        if (table_.isVirtual) {
+            const VirtualTableDefinition module = parseVirtualTableDefinition(table_.sql);
+            add("virtual-table modules", {},
+                module.arguments.empty() ? module.module : module.module + "(" + module.arguments + ")");
+            return;
+        }
+        reportOptions();
+        reportColumns();
+        reportKeys();
+        reportReferences();
+        for (const CheckConstraint& check : definition_.checks) {
+            add("CHECK expressions", check.column.empty() ? check.name : check.column, check.expression);
+        }
+    }
+
+  private:
+    void reportOptions() {
+        if (definition_.strict) {
+            add("table options", {}, "STRICT");
+        }
+        if (definition_.withoutRowid) {
+            add("table options", {}, "WITHOUT ROWID");
+        }
+    }
+
+    void reportColumns() {
+        for (const ColumnDefinition& column : definition_.columns) {
+            addCollation(column.name, column.collation);
+            addConflict(column.name, column.conflict);
+        }
+    }
+
+    void reportKeys() {
+        for (const KeyConstraint& key : definition_.keys) {
+            for (const KeyMember& member : key.members) {
+                addCollation(member.column, member.collation);
+                if (member.descending) {
+                    add("descending key columns", member.column, "DESC");
+                }
+            }
+            addConflict(key.members.empty() ? std::string() : key.members.front().column, key.conflict);
+        }
+    }
+
+    void reportReferences() {
+        for (const ReferenceConstraint& reference : definition_.references) {
+            const std::string columns = join(reference.columns, ", ");
+            if (!reference.deferral.empty()) {
+                add("deferrable constraints", columns, reference.deferral);
+            }
+            if (!reference.match.empty()) {
+                add("MATCH clauses", columns, "MATCH " + reference.match);
+            }
+        }
+    }
+
+    void addCollation(const std::string& part, const std::string& collation) {
+        if (!collation.empty() && !equalIgnoringCase(collation, "BINARY")) {
+            add("collations", part, collation);
+        }
+    }
+
+    void addConflict(const std::string& part, const std::string& resolution) {
+        if (!resolution.empty()) {
+            add("conflict clauses", part, "ON CONFLICT " + resolution);
+        }
+    }
+
+    void add(const char* kind, const std::string& part, const std::string& detail) {
+        losses_.add(kind, placeOf(table_.name, part), detail);
+    }
+
+    LossReport& losses_;
+    const TableFacts& table_;
+    const TableDefinition& definition_;
+};
+
+}  // namespace
+
+void reportTableLosses(Build& build, const TableModel& table) {
+    TableLosses(build.losses, *table.facts).report();
+    if (!table.facts->definition.complete) {
+        build.warn(placeOf(table.facts->name),
+                   "the table's statement is not understood in full; names of constraints may be missing");
+    }
+}
+
+}  // namespace readers::sqlite

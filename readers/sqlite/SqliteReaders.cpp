@@ -1,0 +1,140 @@
+#include "SqliteReaders.h"
+
+#include <charconv>
+
+#include "Build.h"
+#include "DatabaseFile.h"
+#include "Script.h"
+#include "SqlTokens.h"
+
+namespace readers {
+
+namespace {
+
+using sqlite::Build;
+using sqlite::Catalog;
+using sqlite::Connection;
+using sqlite::DatabaseFile;
+using sqlite::Monitor;
+using sqlite::MAIN_SCHEMA;
+using sqlite::Script;
+
+/// In milliseconds.
+constexpr const char* PATIENCE = "busy-timeout";
+constexpr const char* USUAL_PATIENCE = "5000";
+
+int patienceOf(const ReadRequest& request) {
+    const auto option = request.options.find(PATIENCE);
+    const std::string text = option == request.options.end() ? USUAL_PATIENCE : option->second;
+    int milliseconds = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
+    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || milliseconds < 0) {
+        throw SourceError(SourceError::Kind::CANNOT_OPEN, "\"" + text + "\" is no value for " + PATIENCE,
+                          "give a number of milliseconds, such as " + std::string(USUAL_PATIENCE));
+    }
+    return milliseconds;
+}
+
+std::unique_ptr<ZORModel> buildModel(const Connection& connection, const std::string& name,
+                                     const ReadRequest& request, Monitor& monitor) {
+    auto model = std::make_unique<ZORModel>();
+    model->setName(ZORString(name));
+    auto database = std::make_unique<ZORDatabaseCatalog>();
+    database->setName(ZORString(name));
+    database->setDatabaseType("SQLite");
+    model->addChildPackage(std::move(database));
+
+    const Catalog catalog = sqlite::readCatalog(connection);
+    Build build(connection, catalog, request, monitor, *model);
+    if (build.matcher.wantsSchema(MAIN_SCHEMA)) {
+        auto package = std::make_unique<ZORDesignPackage>();
+        package->setName(ZORString(MAIN_SCHEMA));
+        build.package = model->addChildPackage(std::move(package));
+    }
+    sqlite::addTables(build);
+    sqlite::addCandidateKeys(build);
+    sqlite::addViews(build);
+    sqlite::addRelationships(build);
+    sqlite::addIndexes(build);
+    if (request.selection.triggers) {
+        sqlite::addTriggers(build);
+    }
+    build.matcher.warnOfUnmatchedPatterns(monitor.context());
+    return model;
+}
+
+std::string modelNameOf(const Source& source, const ReadRequest& request) {
+    return request.modelName.empty() ? source.stem() : request.modelName;
+}
+
+class DatabaseReader : public Reader {
+  public:
+    DatabaseReader() {
+        description_.name = "sqlite";
+        description_.title = "SQLite database";
+        description_.recognition = "a file that begins like a SQLite database, whatever it is called";
+        description_.naturalView = "dbm";
+        description_.databaseType = "SQLite";
+        description_.takesSelection = true;
+        description_.options = {
+            {PATIENCE,
+             "how long to wait for another process that has locked the database, in milliseconds",
+             USUAL_PATIENCE,
+             {}}};
+    }
+    const ReaderDescription& describe() const override { return description_; }
+    bool identify(const Source& source) const override { return sqlite::isDatabase(source.head()); }
+    std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,
+                                   ReadContext& context) const override {
+        Monitor monitor(context);
+        DatabaseFile file(source, monitor, patienceOf(request));
+        std::unique_ptr<ZORModel> model =
+            buildModel(file.connection(), modelNameOf(source, request), request, monitor);
+        file.assertUnchanged();
+        return model;
+    }
+
+  private:
+    ReaderDescription description_;
+};
+
+class ScriptReader : public Reader {
+  public:
+    ScriptReader() {
+        description_.name = "sql";
+        description_.title = "SQL script in SQLite's dialect";
+        description_.recognition =
+            "text that begins with a statement about tables, or a name that ends in .sql";
+        description_.naturalView = "dbm";
+        description_.databaseType = "SQLite";
+        description_.takesSelection = true;
+    }
+    const ReaderDescription& describe() const override { return description_; }
+    bool identify(const Source& source) const override {
+        return !sqlite::isDatabase(source.head()) &&
+               (sqlite::looksLikeScript(source.head()) || sqlite::foldCase(source.name()).ends_with(".sql"));
+    }
+    std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,
+                                   ReadContext& context) const override {
+        Monitor monitor(context);
+        Script script(source.content(), monitor);
+        return buildModel(script.connection(), modelNameOf(source, request), request, monitor);
+    }
+
+  private:
+    ReaderDescription description_;
+};
+
+}  // namespace
+
+const Reader& sqliteDatabaseReader() {
+    static const DatabaseReader reader;
+    return reader;
+}
+
+const Reader& sqlScriptReader() {
+    static const ScriptReader reader;
+    return reader;
+}
+
+}  // namespace readers

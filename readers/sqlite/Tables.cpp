@@ -1,0 +1,123 @@
+// Tables with their columns, and what the steps of building share.
+
+#include <algorithm>
+
+#include "Build.h"
+#include "SqlTokens.h"
+
+namespace readers::sqlite {
+
+namespace {
+
+bool isAutoIncrement(const TableFacts& table, const ColumnFacts& column) {
+    const auto& keys = table.definition.keys;
+    return column.keyPosition > 0 && std::any_of(keys.begin(), keys.end(), [](const KeyConstraint& key) {
+               return key.primary && key.autoIncrement;
+           });
+}
+
+std::string commentsOf(const TableFacts& table, const ColumnFacts& column) {
+    const ColumnDefinition* definition = table.definition.column(column.name);
+    if (definition == nullptr || definition->generation.empty()) {
+        return {};
+    }
+    return std::string("Generated column, ") + (definition->stored ? "stored: " : "virtual: ") +
+           definition->generation;
+}
+
+std::unique_ptr<ZORAttribute> attributeOf(Build& build, const TableFacts& table, const ColumnFacts& column) {
+    auto attribute = std::make_unique<ZORAttribute>();
+    attribute->setName(ZORString(column.name));
+    attribute->setType(isAutoIncrement(table, column) ? build.types.autoIncrementTypeOf(column.type)
+                                                      : build.types.typeOf(column.type));
+    attribute->setInitialValue(ZORString(column.defaultValue));
+    attribute->setOptional(!column.notNull && column.keyPosition == 0);
+    attribute->setComments(ZORString(commentsOf(table, column)));
+    return attribute;
+}
+
+void addColumns(Build& build, TableModel& table) {
+    std::int16_t position = 0;
+    for (const ColumnFacts& column : table.facts->columns) {
+        if (column.hidden) {
+            table.attributes.push_back(nullptr);
+            continue;
+        }
+        ZORAttribute* attribute = table.cls->addAttribute(attributeOf(build, *table.facts, column));
+        attribute->setPosition(position++);
+        table.attributes.push_back(attribute);
+    }
+}
+
+}  // namespace
+
+Build::Build(const Connection& theConnection, const Catalog& theCatalog, const ReadRequest& theRequest,
+             Monitor& theMonitor, ZORModel& model)
+    : connection(theConnection),
+      catalog(theCatalog),
+      request(theRequest),
+      monitor(theMonitor),
+      losses(theMonitor.context().losses),
+      matcher(theRequest.selection, LetterCase::IGNORED),
+      types(model) {}
+
+ZORAttribute* TableModel::attribute(std::string_view column) const noexcept {
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        if (attributes[i] != nullptr && equalIgnoringCase(facts->columns[i].name, column)) {
+            return attributes[i];
+        }
+    }
+    return nullptr;
+}
+
+std::string NameTable::makeUp(const std::string& name) {
+    std::string unique = name;
+    for (int number = 2; !names_.insert(unique).second; ++number) {
+        unique = name + "_" + std::to_string(number);
+    }
+    return unique;
+}
+
+TableModel* Build::table(std::string_view name) {
+    const auto found = tableIndexes.find(foldCase(name));
+    return found == tableIndexes.end() ? nullptr : &tables[found->second];
+}
+
+std::string placeOf(std::string_view object, std::string_view part) {
+    std::string place(MAIN_SCHEMA);
+    place.append(".").append(object);
+    if (!part.empty()) {
+        place.append(".").append(part);
+    }
+    return place;
+}
+
+std::string join(const std::vector<std::string>& names, std::string_view between) {
+    std::string text;
+    for (const std::string& name : names) {
+        text.append(text.empty() ? std::string_view() : between).append(name);
+    }
+    return text;
+}
+
+void addTables(Build& build) {
+    for (const TableFacts& facts : build.catalog.tables) {
+        if (!build.matcher.wantsTable(MAIN_SCHEMA, facts.name)) {
+            continue;
+        }
+        auto cls = std::make_unique<ZORClass>();
+        cls->setName(ZORString(facts.name));
+        cls->setPersistent(true);
+        build.tableIndexes.emplace(foldCase(facts.name), build.tables.size());
+        build.tables.push_back({&facts, build.package->addModelElement(std::move(cls)), {}});
+        addColumns(build, build.tables.back());
+        if (!facts.problem.empty()) {
+            build.warn(placeOf(facts.name),
+                       "the columns of the virtual table cannot be asked for: " + facts.problem);
+        }
+        reportTableLosses(build, build.tables.back());
+        build.monitor.advance(1 + facts.columns.size());
+    }
+}
+
+}  // namespace readers::sqlite

@@ -1,0 +1,82 @@
+#include "TypeTable.h"
+
+#include <charconv>
+
+#include "SqlTokens.h"
+
+namespace readers::sqlite {
+
+namespace {
+
+constexpr std::string_view AUTOINCREMENT = "AUTOINCREMENT";
+
+std::string_view withoutSize(std::string_view declared) {
+    return declared.substr(0, declared.find('('));
+}
+
+/// The number's whole part; 0 for what is no length of anything.
+std::int32_t numberAt(std::string_view text) {
+    std::int32_t number = 0;
+    text.remove_prefix(text.starts_with('+') ? 1 : 0);
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    return result.ec == std::errc() && number > 0 ? number : 0;
+}
+
+}  // namespace
+
+std::string_view affinityOf(std::string_view declared) {
+    const std::string type = foldCase(declared);
+    const auto holds = [&](const char* letters) { return type.find(letters) != std::string::npos; };
+    if (holds("int")) {
+        return "SQL_INTEGER";
+    }
+    if (holds("char") || holds("clob") || holds("text")) {
+        return "SQL_LONGVARCHAR";
+    }
+    if (holds("blob") || type.empty()) {
+        return "SQL_LONGVARBINARY";
+    }
+    if (holds("real") || holds("floa") || holds("doub")) {
+        return "SQL_DOUBLE";
+    }
+    return "SQL_NUMERIC";
+}
+
+TypeSize sizeOf(std::string_view declared) {
+    TypeSize size;
+    const std::size_t opening = declared.find('(');
+    if (opening != std::string_view::npos) {
+        const std::string_view numbers = declared.substr(opening + 1);
+        const std::size_t comma = numbers.find(',');
+        size.length = numberAt(numbers);
+        size.scale = comma == std::string_view::npos ? 0 : numberAt(numbers.substr(comma + 1));
+    }
+    return size;
+}
+
+ZORType* TypeTable::typeOf(const std::string& declared) {
+    const std::string_view name = withoutSize(declared);
+    const bool isKnown = name != AUTOINCREMENT && !getOldDataType(ZORString(name)).isEmpty();
+    return findOrAdd(declared.empty() ? "BLOB" : declared, declared, isKnown ? name : affinityOf(declared));
+}
+
+ZORType* TypeTable::autoIncrementTypeOf(const std::string& declared) {
+    return findOrAdd(declared + " AUTOINCREMENT", declared, AUTOINCREMENT);
+}
+
+ZORType* TypeTable::findOrAdd(const std::string& name, const std::string& declared,
+                              std::string_view dataType) {
+    ZORType*& type = types_[foldCase(name)];
+    if (type == nullptr) {
+        auto added = std::make_unique<ZORConcreteType>();
+        const TypeSize size = sizeOf(declared);
+        added->setName(ZORString(name));
+        added->setDataType(ZORString(dataType));
+        added->setLength(size.length);
+        added->setScale(size.scale);
+        type = model_.addType(std::move(added));
+    }
+    return type;
+}
+
+}  // namespace readers::sqlite
