@@ -112,7 +112,7 @@ inline std::string exportModel(ZORModel& model,
 /// there is none. For the element that a test is about.
 inline std::string part(const std::string& text, const std::string& begin, const std::string& end) {
     const std::size_t from = text.find(begin);
-    const std::size_t to = from == std::string::npos ? from : text.find(end, from);
+    const std::size_t to = from == std::string::npos ? from : text.find(end, from + begin.size());
     return to == std::string::npos ? std::string() : text.substr(from, to + end.size() - from);
 }
 
