@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace oimcheck {
+
+/// One thing that a check found.
+struct Finding {
+    enum class Severity {
+        ERROR,
+        NOTE  ///< worth knowing, and no fault of the document
+    };
+    Severity severity;
+    int line;    ///< counted from 1
+    int column;  ///< counted from 1
+    std::string text;
+};
+
+/// What a document holds, and how many findings there were, those that were not told included.
+struct Summary {
+    std::uint64_t bytes = 0;
+    std::uint64_t elements = 0;
+    std::uint64_t objects = 0;
+    std::uint64_t references = 0;
+    std::uint64_t errors = 0;
+    std::uint64_t notes = 0;
+};
+
+/// Checks a document as it comes: whether it is well-formed and UTF-8, in the OIM encoding, made of known
+/// elements and attributes with permitted values, with identifiers given once and references that lead to an
+/// element of their own tag. Memory grows with the number of identifiers, not with the size of the document.
+class DocumentCheck {
+  public:
+    using Receiver = std::function<void(const Finding&)>;
+    /// `receiver` hears of at most `most` findings; the rest are counted.
+    explicit DocumentCheck(Receiver receiver, std::uint64_t most = 100);
+    ~DocumentCheck();
+    DocumentCheck(const DocumentCheck&) = delete;
+    DocumentCheck& operator=(const DocumentCheck&) = delete;
+
+    /// The next bytes of the document. False when the rest need not be read, because the document is not
+    /// well-formed.
+    bool feed(const char* bytes, std::size_t count);
+    /// To be called once, after the last bytes.
+    Summary finish();
+
+  private:
+    class Parser;
+    std::unique_ptr<Parser> parser_;
+};
+
+}  // namespace oimcheck
