@@ -207,7 +207,7 @@ class Generator {
 class Counter : public ZORTraversalOperation {
   public:
     bool pre_process(ZORObject* object, void*& /*context*/) override {
-        count += object->isInstanceOf(ZOR_MODEL_OBJECT) ? 1 : 0;
+        count += object->isInstanceOf(ZOR_MODEL_OBJECT) ? 1U : 0U;
         return true;
     }
     std::size_t count = 0;

@@ -62,6 +62,18 @@ void writeRaw(const std::string& path, const std::string& bytes) {
     }
 }
 
+void flushToDisk(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        fail("cannot open", path);
+    }
+    const bool flushed = ::fsync(descriptor) == 0;
+    ::close(descriptor);
+    if (!flushed) {
+        fail("cannot flush", path);
+    }
+}
+
 RecordedDocument::RecordedDocument(const std::string& path) {
     const Reader reader(
         xmlReaderForFile(path.c_str(), nullptr, XML_PARSE_NOENT | XML_PARSE_HUGE | XML_PARSE_NONET),

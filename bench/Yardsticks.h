@@ -18,6 +18,9 @@ std::string readFile(const std::string& path);
 /// Writes the bytes in blocks of 1 MiB with nothing but the system's own operations.
 void writeRaw(const std::string& path, const std::string& bytes);
 
+/// Waits until the file's content is on the disk.
+void flushToDisk(const std::string& path);
+
 /// A document taken apart into the calls of a writer that produce it again, so that replaying them costs the
 /// writer's own time and next to nothing else: no model is walked, no identifier looked up.
 class RecordedDocument {
