@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 
 #include "TypeSetChoices.h"
 #include "ZORI18n.h"
@@ -83,8 +84,11 @@ class QLT_SQMDC {
     static const TextInstance BP_DBM_TYPESET_VERSION_DEFAULT;
     static const ZORBridgeOptionLiteral BP_DBM_TYPESET_VERSION;
 
+    // A parenthesis of the display name is an underscore here, so that two stand in a row.
+    // NOLINTBEGIN(bugprone-reserved-identifier)
     static const TextInstance BP_XML_INDENTATION__PRETTY_PRINTING__DEFAULT;
     static const ZORBridgeOptionLiteral BP_XML_INDENTATION__PRETTY_PRINTING_;
+    // NOLINTEND(bugprone-reserved-identifier)
 
     /// {0}: the path.
     static const MessageInstance_String MDC_E_UNABLE_TO_OPEN_OUTPUT_FILE;
@@ -96,8 +100,9 @@ class QLT_SQMDC {
     static const MessageInstance_String_String_String MDC_E_NAME_CLASH;
     static const MessageInstance MDC_E_MULTIPLE_CATALOGS_DETECTED;
 
-#define COUNT_CHOICE(name, text) +1
+#define LIST_CHOICE(name, text) text,
     /// How many choices each of the two type-set options has.
-    static constexpr std::size_t TYPESET_CHOICES = 0 QLT_SQMDC_TYPESET_CHOICES(COUNT_CHOICE);
-#undef COUNT_CHOICE
+    static constexpr std::size_t TYPESET_CHOICES =
+        std::initializer_list<const char*>{QLT_SQMDC_TYPESET_CHOICES(LIST_CHOICE)}.size();
+#undef LIST_CHOICE
 };
