@@ -22,6 +22,8 @@ struct TableModel {
     ZORClass* cls = nullptr;
     std::vector<ZORAttribute*> attributes;  ///< by the index of the column; null for hidden columns
 
+    /// Null when there is none.
+    ZORAttribute* attribute(int columnIndex) const noexcept;
     /// By the column's name, letter case ignored; null when there is none.
     ZORAttribute* attribute(std::string_view column) const noexcept;
 };

@@ -14,25 +14,23 @@ namespace {
 // Each query answers for the whole database. Virtual tables, which have no root page, are left out of them:
 // when the module of one of them is not there, SQLite gives up the whole query.
 constexpr std::string_view SCHEMA_QUERY =
-    "SELECT type, name, tbl_name, sql, rootpage FROM main.sqlite_schema ORDER BY rowid";
+    "SELECT type, name, tbl_name, sql, rootpage, rowid FROM main.sqlite_schema ORDER BY rowid";
 
 constexpr std::string_view COLUMN_QUERY = R"(
-    SELECT s.name, c.name, c.type, c."notnull", c.dflt_value, c.pk, c.hidden
-    FROM main.sqlite_schema AS s, pragma_table_xinfo(s.name, 'main') AS c
-    WHERE s.type = 'table' AND s.rootpage > 0
-    ORDER BY s.rowid, c.cid)";
+    SELECT s.rowid, c.name, c.type, c."notnull", c.dflt_value, c.pk, c.hidden
+    FROM main.sqlite_schema AS s CROSS JOIN pragma_table_xinfo(s.name, 'main') AS c
+    WHERE s.type = 'table' AND s.rootpage > 0)";
 
 constexpr std::string_view INDEX_QUERY = R"(
-    SELECT s.name, l.name, l.origin, l."unique", l.partial, m.cid, m."desc", m.coll
-    FROM main.sqlite_schema AS s, pragma_index_list(s.name, 'main') AS l, pragma_index_xinfo(l.name, 'main') AS m
-    WHERE s.type = 'table' AND s.rootpage > 0 AND m.key
-    ORDER BY s.rowid, l.seq, m.seqno)";
+    SELECT s.rowid, l.name, l.origin, l."unique", l.partial, m.cid, m."desc", m.coll
+    FROM main.sqlite_schema AS s CROSS JOIN pragma_index_list(s.name, 'main') AS l
+        CROSS JOIN pragma_index_xinfo(l.name, 'main') AS m
+    WHERE s.type = 'table' AND s.rootpage > 0 AND m.key)";
 
 constexpr std::string_view FOREIGN_KEY_QUERY = R"(
-    SELECT s.name, f.seq, f."table", f."from", f."to", f.on_update, f.on_delete
-    FROM main.sqlite_schema AS s, pragma_foreign_key_list(s.name, 'main') AS f
-    WHERE s.type = 'table' AND s.rootpage > 0
-    ORDER BY s.rowid, f.id DESC, f.seq)";
+    SELECT s.rowid, f.seq, f."table", f."from", f."to", f.on_update, f.on_delete
+    FROM main.sqlite_schema AS s CROSS JOIN pragma_foreign_key_list(s.name, 'main') AS f
+    WHERE s.type = 'table' AND s.rootpage > 0 AND s.sql LIKE '%REFERENCES%')";
 
 struct ShadowSuffixes {
     std::string_view module;
@@ -62,19 +60,18 @@ class CatalogReader {
 
   private:
     void readSchema();
-    void addTable(const std::string& name, std::string sql, bool isVirtual);
     void removeShadowTables();
     void readColumns();
     void readVirtualColumns(TableFacts& table);
     void readIndexes();
     IndexFacts indexOf(const Query& query) const;
     void readForeignKeys();
-    TableFacts* find(const std::string& table);
+    TableFacts* find(std::int64_t row);
     static ColumnFacts columnOf(const Query& query, int first);
 
     const Connection& connection_;
     Catalog catalog_;
-    std::unordered_map<std::string, std::size_t> tableIndexes_;  ///< by name in small letters
+    std::unordered_map<std::int64_t, std::size_t> tableIndexes_;  ///< by the row in the schema table
     /// Of the indexes, by name: their places in the order of creation, and their statements.
     std::unordered_map<std::string, std::pair<std::size_t, std::string>> statements_;
 };
@@ -83,7 +80,11 @@ Catalog CatalogReader::read() {
     readSchema();
     removeShadowTables();
     for (std::size_t i = 0; i < catalog_.tables.size(); ++i) {
-        tableIndexes_[foldCase(catalog_.tables[i].name)] = i;
+        TableFacts& table = catalog_.tables[i];
+        tableIndexes_[table.row] = i;
+        if (!table.isVirtual) {
+            table.definition = parseTableDefinition(table.sql);
+        }
     }
     readColumns();
     readIndexes();
@@ -99,24 +100,18 @@ void CatalogReader::readSchema() {
         if (type == "index") {
             statements_.emplace(name, std::pair(statements_.size(), query.text(3)));
         } else if (type == "table" && !isInternal(name)) {
-            addTable(name, query.text(3), query.integer(4) == 0);
+            TableFacts table;
+            table.name = name;
+            table.sql = query.text(3);
+            table.isVirtual = query.integer(4) == 0;
+            table.row = query.integer(5);
+            catalog_.tables.push_back(std::move(table));
         } else if (type == "view") {
             catalog_.views.push_back({name, query.text(3)});
         } else if (type == "trigger") {
             catalog_.triggers.push_back({name, query.text(2), query.text(3)});
         }
     }
-}
-
-void CatalogReader::addTable(const std::string& name, std::string sql, bool isVirtual) {
-    TableFacts table;
-    table.name = name;
-    table.sql = std::move(sql);
-    table.isVirtual = isVirtual;
-    if (!isVirtual) {
-        table.definition = parseTableDefinition(table.sql);
-    }
-    catalog_.tables.push_back(std::move(table));
 }
 
 void CatalogReader::removeShadowTables() {
@@ -134,8 +129,9 @@ void CatalogReader::removeShadowTables() {
     });
 }
 
-TableFacts* CatalogReader::find(const std::string& table) {
-    const auto found = tableIndexes_.find(foldCase(table));
+/// Null for a table that is left out.
+TableFacts* CatalogReader::find(std::int64_t row) {
+    const auto found = tableIndexes_.find(row);
     return found == tableIndexes_.end() ? nullptr : &catalog_.tables[found->second];
 }
 
@@ -153,7 +149,7 @@ ColumnFacts CatalogReader::columnOf(const Query& query, int first) {
 void CatalogReader::readColumns() {
     Query query(connection_, COLUMN_QUERY);
     while (query.next()) {
-        if (TableFacts* table = find(query.text(0))) {
+        if (TableFacts* table = find(query.integer(0))) {
             table->columns.push_back(columnOf(query, 1));
         }
     }
@@ -182,7 +178,7 @@ void CatalogReader::readVirtualColumns(TableFacts& table) {
 void CatalogReader::readIndexes() {
     Query query(connection_, INDEX_QUERY);
     while (query.next()) {
-        TableFacts* table = find(query.text(0));
+        TableFacts* table = find(query.integer(0));
         if (table == nullptr) {
             continue;
         }
@@ -220,7 +216,7 @@ IndexFacts CatalogReader::indexOf(const Query& query) const {
 void CatalogReader::readForeignKeys() {
     Query query(connection_, FOREIGN_KEY_QUERY);
     while (query.next()) {
-        TableFacts* table = find(query.text(0));
+        TableFacts* table = find(query.integer(0));
         if (table == nullptr) {
             continue;
         }
@@ -229,6 +225,9 @@ void CatalogReader::readForeignKeys() {
         }
         table->foreignKeys.back().columns.push_back(query.text(3));
         table->foreignKeys.back().parentColumns.push_back(query.text(4));
+    }
+    for (TableFacts& table : catalog_.tables) {
+        std::reverse(table.foreignKeys.begin(), table.foreignKeys.end());
     }
 }
 

@@ -54,6 +54,7 @@ struct ForeignKeyFacts {
 struct TableFacts {
     std::string name;
     std::string sql;
+    std::int64_t row = 0;  ///< of the table that holds the schema
     bool isVirtual = false;
     std::vector<ColumnFacts> columns;
     std::vector<IndexFacts> indexes;

@@ -91,31 +91,36 @@ ZORKey* findBackedKey(const TableModel& table, const IndexFacts& index) {
     return backed;
 }
 
+/// Whether the member is compared as values of its column always are.
+bool hasUsualCollation(const TableModel& table, const IndexMember& member, const ZORAttribute& column) {
+    const ColumnDefinition* declared = table.facts->definition.column(column.getName().view());
+    const bool hasOwn = declared != nullptr && !declared->collation.empty();
+    return equalIgnoringCase(member.collation, hasOwn ? std::string_view(declared->collation) : "BINARY");
+}
+
 void addIndexMembers(Build& build, const TableModel& table, const IndexFacts& facts, ZORIndex& index) {
     const IndexDefinition definition = parseIndexDefinition(facts.sql);
     const std::string place = placeOf(facts.name);
     for (std::size_t i = 0; i < facts.members.size(); ++i) {
         const IndexMember& member = facts.members[i];
         const std::string text = i < definition.members.size() ? definition.members[i] : std::string();
-        if (member.column < 0) {
-            build.losses.add("index expressions", place, text);
+        ZORAttribute* column = table.attribute(member.column);
+        if (column == nullptr) {
+            build.losses.add("index expressions", place, toLine(text));
             continue;
         }
-        const auto column = static_cast<std::size_t>(member.column);
         auto added = std::make_unique<ZORIndexMember>();
-        added->setAttribute(table.attributes[column]);
+        added->setAttribute(column);
         added->setSortOrder(member.descending ? ZOR_SORT_DESCENDING : ZOR_SORT_ASCENDING);
         index.addIndexMember(std::move(added));
-        const ColumnDefinition* declared = table.facts->definition.column(table.facts->columns[column].name);
-        const std::string usual =
-            declared == nullptr || declared->collation.empty() ? "BINARY" : declared->collation;
-        if (!equalIgnoringCase(member.collation, usual)) {
-            build.losses.add("collations", place, text);
+        if (!hasUsualCollation(table, member, *column)) {
+            build.losses.add("collations", place, toLine(text));
         }
     }
     if (facts.partial) {
-        build.losses.add("partial-index conditions", place,
-                         definition.condition + (facts.unique ? " (unique among these rows only)" : ""));
+        build.losses.add(
+            "partial-index conditions", place,
+            toLine(definition.condition) + (facts.unique ? " (unique among these rows only)" : ""));
     }
 }
 
@@ -159,8 +164,8 @@ std::vector<ZORAttribute*> plainColumnsOf(const TableModel& table, const IndexFa
     Columns columns;
     if (index.isPlain()) {
         for (const IndexMember& member : index.members) {
-            ZORAttribute* column = table.attributes[static_cast<std::size_t>(member.column)];
-            if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
+            ZORAttribute* column = table.attribute(member.column);
+            if (column != nullptr && std::find(columns.begin(), columns.end(), column) == columns.end()) {
                 columns.push_back(column);
             }
         }

@@ -83,7 +83,7 @@ class TableLosses {
     }
 
     void add(const char* kind, const std::string& part, const std::string& detail) {
-        losses_.add(kind, placeOf(table_.name, part), detail);
+        losses_.add(kind, placeOf(table_.name, part), toLine(detail));
     }
 
     LossReport& losses_;

@@ -36,6 +36,18 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) noexcept {
                       [](char x, char y) { return toSmall(x) == toSmall(y); });
 }
 
+std::string toLine(std::string_view text) {
+    std::string line;
+    for (const char c : text) {
+        if (!isBlank(c)) {
+            line += c;
+        } else if (!line.empty() && line.back() != ' ') {
+            line += ' ';
+        }
+    }
+    return line;
+}
+
 std::string quoteName(std::string_view name) {
     std::string quoted = "\"";
     for (const char c : name) {

@@ -89,6 +89,9 @@ class TokenCursor {
 std::string foldCase(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b) noexcept;
 
+/// The text with every run of white space made one blank.
+std::string toLine(std::string_view text);
+
 /// The name as an SQL identifier in double quotes.
 std::string quoteName(std::string_view name);
 

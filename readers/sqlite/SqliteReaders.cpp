@@ -15,8 +15,8 @@ using sqlite::Build;
 using sqlite::Catalog;
 using sqlite::Connection;
 using sqlite::DatabaseFile;
-using sqlite::Monitor;
 using sqlite::MAIN_SCHEMA;
+using sqlite::Monitor;
 using sqlite::Script;
 
 /// In milliseconds.

@@ -22,7 +22,7 @@ std::string commentsOf(const TableFacts& table, const ColumnFacts& column) {
         return {};
     }
     return std::string("Generated column, ") + (definition->stored ? "stored: " : "virtual: ") +
-           definition->generation;
+           toLine(definition->generation);
 }
 
 std::unique_ptr<ZORAttribute> attributeOf(Build& build, const TableFacts& table, const ColumnFacts& column) {
@@ -60,6 +60,11 @@ Build::Build(const Connection& theConnection, const Catalog& theCatalog, const R
       losses(theMonitor.context().losses),
       matcher(theRequest.selection, LetterCase::IGNORED),
       types(model) {}
+
+ZORAttribute* TableModel::attribute(int columnIndex) const noexcept {
+    const auto index = static_cast<std::size_t>(columnIndex);
+    return columnIndex >= 0 && index < attributes.size() ? attributes[index] : nullptr;
+}
 
 ZORAttribute* TableModel::attribute(std::string_view column) const noexcept {
     for (std::size_t i = 0; i < attributes.size(); ++i) {

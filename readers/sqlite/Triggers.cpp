@@ -25,7 +25,7 @@ std::unique_ptr<ZORTrigger> triggerOf(Build& build, const TriggerFacts& facts) {
         build.losses.add("trigger timings", place, "INSTEAD OF");
     }
     if (!definition.columns.empty()) {
-        build.losses.add("trigger column lists", place, "UPDATE OF " + definition.columns);
+        build.losses.add("trigger column lists", place, "UPDATE OF " + toLine(definition.columns));
     }
     return trigger;
 }
