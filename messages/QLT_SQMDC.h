@@ -84,7 +84,7 @@ class QLT_SQMDC {
     static const TextInstance BP_DBM_TYPESET_VERSION_DEFAULT;
     static const ZORBridgeOptionLiteral BP_DBM_TYPESET_VERSION;
 
-    // A parenthesis of the display name is an underscore here, so that two stand in a row.
+    // Every blank and parenthesis of the display name is an underscore here, so that two stand in a row.
     // NOLINTBEGIN(bugprone-reserved-identifier)
     static const TextInstance BP_XML_INDENTATION__PRETTY_PRINTING__DEFAULT;
     static const ZORBridgeOptionLiteral BP_XML_INDENTATION__PRETTY_PRINTING_;
