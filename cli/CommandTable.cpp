@@ -41,7 +41,7 @@ Command exportCommand() {
                           "with another database's types, indented"},
                          {"export shop.sqlite --table \"order*\" --exclude-table order_log -o orders.xml",
                           "some tables only"},
-                         {"export json:model.txt - --view dbm | xmllint --format -",
+                         {"export json:model.txt - --view dbm | gzip > model.xml.gz",
                           "a model document of any name, into a pipe"},
                          {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
                           "with an option of the bridge"}},

@@ -82,7 +82,6 @@ class SinkRedirection {
 
 void writeDocument(const ZORBridge& bridge, ZORModel& model, ZOROptionList& options,
                    const std::string& sourceName, OutputFile& output, Console& console) {
-    options.setValue("File", std::string_view(output.name()));
     const SinkRedirection redirection(output);
     BridgeLog log(sourceName, console);
     try {
@@ -161,8 +160,9 @@ void printSummary(const Summary& summary, Console& console) {
         return;
     }
     try {
-        writeStandardOutput(
-            fmt::format("{} -> {}\n", printable(summary.source.source.name()), summary.text()));
+        const std::string line =
+            fmt::format("{} -> {}: {}", summary.source.source.name(), summary.output.name(), summary.text());
+        writeStandardOutput(printable(line) + "\n");
     } catch (const Failure&) {
         // The document is written all the same.
     }
@@ -196,6 +196,17 @@ void writeWithProgress(const ZORBridge& bridge, ZORModel& model, ZOROptionList& 
     writeDocument(bridge, model, options, source.source.name(), output, console);
 }
 
+void tellOptions(const ZOROptionList& options, Console& console) {
+    if (!console.isVerbose()) {
+        return;
+    }
+    for (const ZOROption* option : options.getOptions()) {
+        console.print({.level = Level::NOTE,
+                       .text = fmt::format("option \"{}\" is \"{}\"", option->getDisplayName().view(),
+                                           option->getValue().view())});
+    }
+}
+
 }  // namespace
 
 ExitCode runExport(const Arguments& arguments, Console& console) {
@@ -208,14 +219,16 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     const View* given = givenView(options, arguments);
     const SourceName name = parseSourceName(arguments.source);
     requireOutputForStandardInput(name, arguments);
-    const OpenedSource source = openSource(name);
+    Progress progress(console);
+    const OpenedSource source = openSource(name, progress);
     const View& view = given != nullptr ? *given : naturalView(source);
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
 
-    Progress progress(console);
     ReadModel read = readForExport(source, arguments, console, progress);
     setDefaultTypeSets(options, arguments, read.counts.databaseType);
+    options.setValue("File", std::string_view(output.name()));
+    tellOptions(options, console);
     writeWithProgress(bridge, *read.model, options, source, output, console, progress);
     progress.stop();
 

@@ -126,8 +126,9 @@ std::string jsonReport(const OpenedSource& source, const ReadModel& read) {
 }  // namespace
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
-    const OpenedSource source = openSource(parseSourceName(arguments.source));
+    const SourceName name = parseSourceName(arguments.source);
     Progress progress(console);
+    const OpenedSource source = openSource(name, progress);
     const ReadModel read = readModel(source, arguments, console, progress);
     progress.stop();
     writeStandardOutput(arguments.format == ReportFormat::JSON ? jsonReport(source, read)

@@ -106,6 +106,11 @@ ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Cons
     const readers::ReaderDescription& description = source.reader->describe();
     checkSelection(arguments.selection, description);
     checkReaderOptions(arguments.readerOptions, description);
+    if (console.isVerbose()) {
+        console.print({.level = Level::NOTE,
+                       .subject = source.source.name(),
+                       .text = fmt::format("read as: {} ({}:)", description.title, description.name)});
+    }
     ConsoleReadContext context(source.source.name(), console);
     ReadModel read;
     read.model = readWith(source, {arguments.modelName, arguments.selection, arguments.readerOptions},

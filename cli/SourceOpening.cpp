@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <vector>
 
 #include "Text.h"
@@ -33,7 +35,10 @@ std::string knownSources() {
     return joinWords(known, "or");
 }
 
-std::string readStandardInput() {
+std::string readStandardInput(Progress& progress) {
+    std::atomic<std::uint64_t> bytes = 0;
+    const Progress::Stage stage(
+        progress, [&] { return fmt::format("{}: {} read", STANDARD_INPUT, formatBytes(bytes)); });
     std::string content;
     std::vector<char> block(1 << 20);
     while (true) {
@@ -46,6 +51,7 @@ std::string readStandardInput() {
             return content;
         }
         content.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        bytes = content.size();
     }
 }
 
@@ -93,9 +99,9 @@ SourceName parseSourceName(const std::string& text) {
     return {path, reader};
 }
 
-OpenedSource openSource(const SourceName& name) {
+OpenedSource openSource(const SourceName& name, Progress& progress) {
     readers::Source source = name.isStandardInput()
-                                 ? readers::Source::fromText(STANDARD_INPUT, readStandardInput())
+                                 ? readers::Source::fromText(STANDARD_INPUT, readStandardInput(progress))
                                  : openFile(name.path, name.reader != nullptr);
     try {
         const readers::Reader& chosen = name.reader == nullptr ? recognise(source) : *name.reader;

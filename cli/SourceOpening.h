@@ -3,6 +3,7 @@
 #include <string>
 
 #include "Failure.h"
+#include "Progress.h"
 #include "Reader.h"
 
 namespace cli {
@@ -25,8 +26,9 @@ struct SourceName {
 /// Throws Failure when there is no path behind the colon.
 SourceName parseSourceName(const std::string& text);
 
-/// Throws Failure when the source cannot be opened or no reader recognises it.
-OpenedSource openSource(const SourceName& name);
+/// Standard input is read to its end. Throws Failure when the source cannot be opened or no reader recognises
+/// it.
+OpenedSource openSource(const SourceName& name, Progress& progress);
 
 /// A reader's error as what ends the program.
 Failure toFailure(const readers::SourceError& error, const std::string& sourceName);

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "ProgramRunner.h"
+#include "Reader.h"
 #include "Sources.h"
 #include "ZORBridgeManager.h"
 
@@ -133,7 +134,30 @@ TEST_F(Commands, InspectReportsByKindAndPackage) {
     const Result result = run(scratch, {"inspect", "shop.sql"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, "");
-    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(
+        result.out,
+        R"(shop.sql: SQL script in SQLite's dialect "shop", database type SQLite; exported as --view dbm unless told otherwise
+
+Read:
+  schemas                        1
+  tables                         3
+  columns                        7
+  candidate keys                 3
+  foreign keys                   2
+  relationships                  2
+  views                          1
+  view columns                   1
+  triggers                       1
+  data types                     5
+
+By schema:
+        tables  columns  candidate keys  foreign keys  relationships  views  view columns  triggers
+  main       3        7               3             2              2      1             1         1
+
+Not carried over, because the model cannot hold it:
+  collations (1)
+    main.customer.name: NOCASE
+)");
 }
 
 TEST_F(Commands, InspectReportsInJson) {

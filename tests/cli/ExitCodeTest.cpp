@@ -88,20 +88,28 @@ TEST_F(ExitCode, Is4WhenTheSourceIsNotUnderstood) {
 }
 
 TEST_F(ExitCode, Is4WhenTheModelIsNotSound) {
-    scratch.write("cycle.model.json", R"({"format": "oim-source-model", "version": 1, "model": {"name": "m",
-        "types": [{"id": "a", "kind": "alias", "name": "A", "base": "b"},
-                  {"id": "b", "kind": "alias", "name": "B", "base": "a"}],
-        "children": [{"kind": "package", "name": "p", "elements": [{"kind": "class", "name": "t"}]}]}})");
-    for (const std::string command : {"export", "inspect"}) {
-        const Result result = run(scratch, {command, "cycle.model.json"});
-        EXPECT_EQ(result.exitCode, command == "export" ? 2 : 4) << result.err;
+    std::string types = R"({"id": "t0", "kind": "concrete", "name": "t0", "dataType": "SQL_INTEGER"})";
+    for (int i = 1; i < 1010; ++i) {
+        const std::string name = "t" + std::to_string(i);
+        types += R"(,{"id": ")" + name + R"(", "kind": "alias", "name": ")" + name + R"(", "base": "t)" +
+                 std::to_string(i - 1) + "\"}";
     }
-    const Result result = run(scratch, {"export", "cycle.model.json", "--view", "dbm"});
-    EXPECT_EQ(result.exitCode, 4);
-    EXPECT_THAT(result.err,
-                HasSubstr("oimbridge: error: cycle.model.json: the model is not sound, so it cannot be "
-                          "written\nhint: correct what is named above in the source\n"));
-    EXPECT_FALSE(scratch.exists("cycle.xml"));
+    scratch.write("deep.model.json",
+                  R"({"format": "oim-source-model", "version": 1, "model": {"name": "m", "types": [)" +
+                      types + R"(], "children": [{"kind": "package", "name": "p",
+                                         "elements": [{"kind": "class", "name": "t"}]}]}})");
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"inspect", "deep.model.json"},
+                                                      {"export", "deep.model.json", "--view", "dbm"}}) {
+        const Result result = run(scratch, arguments);
+        EXPECT_EQ(result.exitCode, 4);
+        EXPECT_EQ(
+            result.err,
+            "oimbridge: error: deep.model.json: Type 't1001' stands on more than 1000 base types, the most "
+            "permitted.\n"
+            "oimbridge: error: deep.model.json: the model is not sound, so it cannot be written\n"
+            "hint: correct what is named above in the source\n");
+    }
+    EXPECT_FALSE(scratch.exists("deep.xml"));
 }
 
 TEST_F(ExitCode, Is4WhenTheModelsNameMakesTheDocumentMalformed) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "CommandTable.h"
 #include "ProgramRunner.h"
 #include "Sources.h"
 
@@ -126,10 +127,10 @@ INSTANTIATE_TEST_SUITE_P(
             "ValueUnknown",
             {"export", "shop.sql", "--view", "db"},
             error("--view: \"db\" is not one of uml, erd, dbm, erd+dbm") + "hint: did you mean \"dbm\"?\n"},
-        UsageCase{
-            "ValueInAnotherLetterCase",
-            {"export", "shop.sql", "--view", "DBM"},
-            error("--view: \"DBM\" is not one of uml, erd, dbm, erd+dbm") + "hint: did you mean \"dbm\"?\n"},
+        UsageCase{"ValueInAnotherLetterCase",
+                  {"export", "shop.sql", "--view", "DBM"},
+                  error("--view: \"DBM\" is not one of uml, erd, dbm, erd+dbm") +
+                      "hint: did you mean \"dbm\" or \"erd+dbm\"?\n"},
         UsageCase{"SwitchWithValue",
                   {"export", "shop.sql", "--overwrite=yes"},
                   error("--overwrite: this switch takes no value")},
@@ -182,12 +183,11 @@ INSTANTIATE_TEST_SUITE_P(
                       "hint: \"oimbridge options\" lists the names\n"},
         UsageCase{"SetOfAnUnknownOption",
                   {"export", "shop.sql", "--set", "DBM TypSet=None"},
-                  error("--set: There is no option \"DBM TypSet\". Did you mean \"DBM TypeSet\" or \"ERD "
-                        "TypeSet\"?")},
-        UsageCase{
-            "SetToAnUnknownValue",
-            {"export", "shop.sql", "--set", "Model=dbm"},
-            error("--set: The option \"Model\" does not permit the value \"dbm\". Did you mean \"DBM\"?")},
+                  error("--set: There is no option \"DBM TypSet\". Did you mean \"DBM TypeSet\"?")},
+        UsageCase{"SetToAnUnknownValue",
+                  {"export", "shop.sql", "--set", "Model=dbm"},
+                  error("--set: The option \"Model\" does not permit the value \"dbm\". Did you mean \"DBM\" "
+                        "or \"ERD and DBM\"?")},
         UsageCase{"SetToNothing",
                   {"export", "shop.sql", "--set", "Model="},
                   error("--set: The option \"Model\" does not permit the value \"\".")},
@@ -230,22 +230,71 @@ INSTANTIATE_TEST_SUITE_P(
                       "hint: pass --view dbm\n"}),
     [](const auto& usage) { return usage.param.name; });
 
-INSTANTIATE_TEST_SUITE_P(
-    Selection, WrongUse,
-    testing::Values(
-        UsageCase{
-            "OfAModelDocument",
-            {"inspect", "m.model.json", "--table", "x"},
-            error("--table: this kind of source is always read as a whole (the source is read as: model "
-                  "document)")},
-        UsageCase{
-            "NoViewsOfAModelDocument",
-            {"inspect", "m.model.json", "--no-views"},
-            error("--no-views: this kind of source is always read as a whole (the source is read as: model "
-                  "document)")},
-        UsageCase{
-            "PatternEmpty", {"inspect", "shop.sql", "--table", ""}, error("--table: the value is empty")}),
-    [](const auto& usage) { return usage.param.name; });
+INSTANTIATE_TEST_SUITE_P(Selection, WrongUse,
+                         testing::Values(UsageCase{"OfAModelDocument",
+                                                   {"inspect", "m.model.json", "--table", "x"},
+                                                   error("--table: this kind of source is always read as a "
+                                                         "whole (the source is read as: Model document)")},
+                                         UsageCase{"NoViewsOfAModelDocument",
+                                                   {"inspect", "m.model.json", "--no-views"},
+                                                   error("--no-views: this kind of source is always read as "
+                                                         "a whole (the source is read as: Model document)")},
+                                         UsageCase{"PatternEmpty",
+                                                   {"inspect", "shop.sql", "--table", ""},
+                                                   error("--table: the value is empty")}),
+                         [](const auto& usage) { return usage.param.name; });
+
+/// Whether the message is of this beginning and the run ended as wrong use.
+void expectRefusal(const Scratch& scratch, const std::vector<std::string>& arguments,
+                   const std::string& message) {
+    const Result result = run(scratch, arguments);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.err, testing::StartsWith("oimbridge: error: " + message + "\n"));
+}
+
+TEST(EveryOption, RefusesMissingEmptyRepeatedAndAbsurdValues) {
+    const Scratch scratch;
+    scratch.write("shop.sql", SHOP_SQL);
+    for (const cli::Command& command : cli::allCommands()) {
+        std::vector<std::string> words = {command.name};
+        if (!command.positionals.empty() && command.positionals.front().required) {
+            words.emplace_back("shop.sql");
+        }
+        const auto with = [&](std::initializer_list<std::string> more) {
+            std::vector<std::string> all = words;
+            all.insert(all.end(), more);
+            return all;
+        };
+        for (const cli::OptionEntry& option : cli::allOptions()) {
+            const std::string name = option.dashed();
+            if (!command.takes(option) || name == "--help" || name == "--version") {
+                continue;
+            }
+            SCOPED_TRACE(command.name + " " + name);
+            if (option.isSwitch()) {
+                expectRefusal(scratch, with({name + "=1"}), name + ": this switch takes no value");
+                continue;
+            }
+            const std::string missing = name + ": the value " + option.value + " is missing";
+            expectRefusal(scratch, with({name}), missing);
+            expectRefusal(scratch, with({name + "="}), missing);
+            expectRefusal(scratch, with({name, "-q"}), missing + " before \"-q\"");
+            expectRefusal(scratch, with({name, "--"}), missing + " before \"--\"");
+            expectRefusal(scratch, with({name, ""}), name + ": the value is empty");
+            if (!option.repeatable) {
+                expectRefusal(scratch, with({name, "x", name, "x"}),
+                              name + ": given 2 times, but it takes one value");
+            }
+            if (!option.permitted.empty()) {
+                const std::string absurd(5000, 'x');
+                const Result result = run(scratch, with({name, absurd}));
+                EXPECT_EQ(result.exitCode, 2);
+                EXPECT_THAT(result.err, testing::HasSubstr(absurd + "\" is not one of "));
+            }
+        }
+    }
+    EXPECT_EQ(scratch.list(), std::vector<std::string>{"shop.sql"});
+}
 
 TEST(WrongUseInJson, IsOneObject) {
     const Scratch scratch;
