@@ -14,8 +14,12 @@ bool ZORObject::traverseParts(ZORTraversalOperation& /*operation*/, void*& /*con
 }
 
 ZORModelObject::ZORModelObject(const ZORModelObject& other)
-    : ZORObject(other), designLevel_(other.designLevel_), description_(other.description_),
-      comments_(other.comments_), physicalName_(other.physicalName_), stereotype_(other.stereotype_) {}
+    : ZORObject(other),
+      designLevel_(other.designLevel_),
+      description_(other.description_),
+      comments_(other.comments_),
+      physicalName_(other.physicalName_),
+      stereotype_(other.stereotype_) {}
 
 ZORModelObject::~ZORModelObject() {
     destroyAll(notes_);
