@@ -1,0 +1,9 @@
+// SQL scripts, from their text to the documents of every view.
+
+#include "ReaderFuzzing.h"
+#include "sqlite/SqliteReaders.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::readAndExport(readers::sqlScriptReader(), data, size);
+    return 0;
+}
