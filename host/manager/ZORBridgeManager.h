@@ -5,7 +5,8 @@
 #include "ZOR.h"
 #include "ZORBridgeLib.h"
 
-/// An export bridge that was loaded from its library. Copies share the library, which is unloaded with the last.
+/// An export bridge that was loaded from its library. Copies share the library, which is unloaded with the
+/// last.
 class ZORBridge {
   public:
     /// The path of the library that was loaded.
@@ -18,8 +19,8 @@ class ZORBridge {
     ZORBridgeSpecification getSpecification() const;
     ZORString getMappingSpecificationXmlFile() const;
 
-    /// Checks the model and runs the export. Throws a ZORException when the model is unsound (its text then lists
-    /// what is wrong, a line each) or the export fails; the model is as before in either case.
+    /// Checks the model and runs the export. Throws a ZORException when the model is unsound (its text then
+    /// lists what is wrong, a line each) or the export fails; the model is as before in either case.
     void run(ZORModel& model, ZOROptionList& options, ZORLog& log) const;
 
     /// The bridge's own interface object.
@@ -42,8 +43,9 @@ class ZORBridgeManager {
     const ZORString& getFolder() const noexcept { return folder_; }
     /// The names of the bridges in the folder, in alphabetical order.
     std::vector<ZORString> listBridges() const;
-    /// Loads a bridge by its name or, when the argument holds a "/", from that file. Throws a ZORException of one
-    /// sentence when there is no such file or bridge (the nearest names are in it), or it is not a bridge.
+    /// Loads a bridge by its name or, when the argument holds a "/", from that file. Throws a ZORException of
+    /// one sentence when there is no such file or bridge (the nearest names are in it), or it is not a
+    /// bridge.
     ZORBridge load(const ZORString& nameOrFile) const;
 
   private:

@@ -33,6 +33,10 @@ const Filling FILLINGS[] = {
     {"signs_before_the_digits_stay", "{/} {-}", {"a", "b", "c"}, "{/} {-}"},
 };
 
+std::ostream& operator<<(std::ostream& out, const Filling& row) {
+    return out << row.what;
+}
+
 class TextParameters : public testing::TestWithParam<Filling> {};
 
 TEST_P(TextParameters, FillPlaceholders) {

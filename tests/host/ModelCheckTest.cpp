@@ -411,6 +411,25 @@ TEST(ModelCheck, TellsNoMoreFaultsThanAskedFor) {
     EXPECT_THAT(check(model, 1000), SizeIs(100));
 }
 
+TEST(ModelCheck, RefusesGeneralizationsOfTooManyPairs) {
+    CompleteModel m;
+    for (int i = 0; i < 1000; ++i) {
+        m.generalization->addSubtypeClass(m.specialOrder);
+        m.diagram->addModelElement(m.generalization);
+    }
+    EXPECT_THAT(check(m.model),
+                ElementsAre("Generalization 'Sales.is' makes more than 1000000 pairs of its children "
+                            "with its parents or diagrams, the most permitted."));
+    CompleteModel other;
+    for (int i = 1; i < 1000; ++i) {
+        other.generalization->addSubtypeClass(other.specialOrder);
+        other.generalization->addSupertypeClass(other.order);
+    }
+    EXPECT_THAT(check(other.model), IsEmpty());
+    other.generalization->addSupertypeClass(other.order);
+    EXPECT_THAT(check(other.model), SizeIs(1));
+}
+
 ZORDesignPackage* nest(ZORPackage& outermost, int levels) {
     ZORPackage* package = &outermost;
     for (int level = 1; level <= levels; ++level) {

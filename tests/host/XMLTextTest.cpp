@@ -86,6 +86,10 @@ const Row ROWS[] = {
      "a" REPLACEMENT REPLACEMENT REPLACEMENT "b" REPLACEMENT "c" REPLACEMENT REPLACEMENT "d", 6},
 };
 
+std::ostream& operator<<(std::ostream& out, const Row& row) {
+    return out << row.what;
+}
+
 class XMLText : public testing::TestWithParam<Row> {};
 
 TEST_P(XMLText, IsFitForADocument) {

@@ -139,7 +139,7 @@ void Faults::add(const Place& place, std::string_view text) {
     }
     std::string sentence = describe(place);
     for (const Place* outer = place.outer; outer != nullptr; outer = outer->outer) {
-        sentence = describe(*outer) + ": " + sentence;
+        sentence.insert(0, describe(*outer).append(": "));
     }
     sentence.append(" ").append(text).append(".");
     sentences_.emplace_back(std::string_view(sentence));

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "ModelChecker.h"
@@ -5,6 +6,8 @@
 namespace {
 
 constexpr int GREATEST_AGGREGATION_KIND = 2;
+/// Bridges make an object of every pair of a parent and a child, and put one per child on every diagram.
+constexpr std::size_t MOST_PAIRS = 1000000;
 
 }  // namespace
 
@@ -57,6 +60,13 @@ void ModelChecker::checkGeneralization(const Place& place, const ZORGeneralizati
     }
     if (generalization.getChildren().isEmpty()) {
         faults_.add(place, "has no child");
+    }
+    const std::size_t pairs =
+        generalization.getChildren().size() *
+        std::max(generalization.getParents().size(), generalization.getDiagrams().size());
+    if (pairs > MOST_PAIRS) {
+        faults_.add(place, "makes more than " + std::to_string(MOST_PAIRS) +
+                               " pairs of its children with its parents or diagrams, the most permitted");
     }
     checkReferences(place, generalization.getParents(), "parent");
     checkReferences(place, generalization.getChildren(), "child");
