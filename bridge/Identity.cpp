@@ -63,6 +63,8 @@ ZORString* Bridge::getUniqueName(ZORStringHashtable& names, bool enabled, const 
     do {
         *name = object->getName() + "/" + ZORString(++counter);
     } while (!names.add(name.get()));
-    QLT_SQMDC::MDC_E_NAME_CLASH.log(*log_, kind, object->getName(), *name);
-    return name.release();
+    // The table has the name from here on, also when the log throws.
+    ZORString* uniqueName = name.release();
+    QLT_SQMDC::MDC_E_NAME_CLASH.log(*log_, kind, object->getName(), *uniqueName);
+    return uniqueName;
 }
