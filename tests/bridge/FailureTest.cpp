@@ -88,6 +88,27 @@ INSTANTIATE_TEST_SUITE_P(View, BrokenExport, ::testing::Values("UML", "ERD", "DB
                              return name;
                          });
 
+struct ThrowingLog : ZORLog {
+    void log(const ZORLogEvent&) override { throw ZORException("the log is full"); }
+};
+
+TEST(BrokenLog, EndsTheExportAndLeavesTheModelAsBefore) {
+    ModelBuilder model;
+    model.addTable("Customer");
+    model.addTable("Customer");
+    const std::string before = dumpModel(*model.model());
+    const MemoryFiles files;
+    TestOptions options({{"Model", "ERD"}});
+    ThrowingLog log;
+    try {
+        getZORMicrosoftSqlServerMdsMdcExportInterface()->run({}, *model.model(), options, log);
+        FAIL() << "no exception";
+    } catch (const ZORException& failure) {
+        EXPECT_EQ(failure.getText().view(), "the log is full");
+    }
+    EXPECT_EQ(dumpModel(*model.model()), before);
+}
+
 TEST(BrokenFile, WritesNothingBehindTheFailedWriteOfAFullBuffer) {
     ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL);
     const ModelBuilder model = makeEverything();
