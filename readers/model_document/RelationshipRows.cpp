@@ -45,7 +45,8 @@ std::vector<Field> roleFields() {
                                                  "What happens when a referencing row comes."),
         boolean<&ZORAssociationRole::setAggregateEnd>("aggregateEnd", "Whether this end is the whole."),
         integer<&ZORAssociationRole::setAggregationKind>("aggregationKind", 0, 2,
-                                                         "0 is none, 1 shared aggregation, 2 composition."),
+                                                         "At the end of the parts: 0 makes them parts that "
+                                                         "go with the whole, 1 and 2 parts that outlive it."),
         boolean<&ZORAssociationRole::setNavigable>("navigable", "Whether the other end can reach this one."),
         boolean<&ZORAssociationRole::setOrdered>("ordered", "Whether the objects at this end have an order."),
         word<&ZORAssociationRole::setVisibility>("visibility", VISIBILITIES, "Who may use this end."),

@@ -2,6 +2,15 @@
 
 namespace readers::document {
 
+namespace {
+
+template <auto Refer>
+Field base() {
+    return reference<Refer>("base", ANY_TYPE, "The type that this one is made from, or is a name for.");
+}
+
+}  // namespace
+
 std::vector<Field> typeFields(TypeKind kind) {
     std::vector<Field> fields = withCommonFields({
         text<&ZORType::setDataType>("dataType",
@@ -16,11 +25,9 @@ std::vector<Field> typeFields(TypeKind kind) {
                                         "The permitted values of an enumeration."),
     });
     if (kind == TypeKind::DERIVED) {
-        fields.push_back(
-            reference<&ZORDerivedType::setBaseType>("base", ANY_TYPE, "The type it is made from."));
+        fields.push_back(base<&ZORDerivedType::setBaseType>());
     } else if (kind == TypeKind::ALIAS) {
-        fields.push_back(
-            reference<&ZORAliasType::setBaseType>("base", ANY_TYPE, "The type it is a name for."));
+        fields.push_back(base<&ZORAliasType::setBaseType>());
     } else if (kind == TypeKind::CLASS) {
         fields.push_back(required(reference<&ZORClassType::setAssociatedClass>(
             "class", ANY_CLASS, "The class whose objects are the type's values.")));
