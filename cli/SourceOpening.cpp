@@ -113,7 +113,7 @@ OpenedSource openSource(const SourceName& name, Progress& progress) {
 
 Failure toFailure(const readers::SourceError& error, const std::string& sourceName) {
     constexpr std::array CODES = {ExitCode::SOURCE_NOT_OPENED, ExitCode::SOURCE_NOT_READ,
-                                  ExitCode::INTERRUPTED};
+                                  ExitCode::INTERRUPTED, ExitCode::WRONG_USE};
     return {CODES[static_cast<std::size_t>(error.kind())], sourceName, error.what(), error.hint()};
 }
 

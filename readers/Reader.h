@@ -23,7 +23,8 @@ class SourceError : public std::runtime_error {
     enum class Kind {
         CANNOT_OPEN,  ///< there is nothing to read: missing, not permitted, a folder, in exclusive use
         CANNOT_READ,  ///< there is something, but it is damaged or not understood
-        INTERRUPTED
+        INTERRUPTED,
+        WRONG_OPTION  ///< the value of one of the reader's options is no good
     };
     /// `what` tells what is wrong and where, without the source's name in front; `hint` what to do, or
     /// nothing.

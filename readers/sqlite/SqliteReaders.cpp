@@ -29,7 +29,7 @@ int patienceOf(const ReadRequest& request) {
     int milliseconds = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
     if (result.ec != std::errc() || result.ptr != text.data() + text.size() || milliseconds < 0) {
-        throw SourceError(SourceError::Kind::CANNOT_OPEN, "\"" + text + "\" is no value for " + PATIENCE,
+        throw SourceError(SourceError::Kind::WRONG_OPTION, "\"" + text + "\" is no value for " + PATIENCE,
                           "give a number of milliseconds, such as " + std::string(USUAL_PATIENCE));
     }
     return milliseconds;
