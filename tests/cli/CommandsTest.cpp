@@ -109,6 +109,25 @@ TEST_F(Commands, ExportLeavesOutWhatIsNotSelected) {
     EXPECT_THAT(exported({"shop.sql", "--no-triggers"}), Not(HasSubstr("\"no_gifts\"")));
 }
 
+TEST_F(Commands, ExportOfADatabaseIsThatOfItsScript) {
+    makeDatabase(scratch / "shop.db", SHOP_SQL);
+    EXPECT_EQ(exported({"shop.db"}), exported({"shop.sql"}));
+    EXPECT_EQ(exported({"sqlite:shop.db", "--busy-timeout", "10"}), exported({"shop.sql"}));
+    EXPECT_THAT(scratch.list(), testing::ElementsAre("shop.db", "shop.sql"));
+}
+
+TEST_F(Commands, AnOptionOfAReaderIsCheckedByIt) {
+    makeDatabase(scratch / "shop.db", SHOP_SQL);
+    const Result absurd = run(scratch, {"inspect", "shop.db", "--busy-timeout", "soon"});
+    EXPECT_EQ(absurd.exitCode, 2);
+    EXPECT_THAT(absurd.err,
+                StartsWith("oimbridge: error: shop.db: \"soon\" is no value for busy-timeout\nhint: "));
+    const Result foreign = run(scratch, {"inspect", "shop.sql", "--busy-timeout", "10"});
+    EXPECT_EQ(foreign.exitCode, 2);
+    EXPECT_THAT(foreign.err,
+                StartsWith("oimbridge: error: --busy-timeout: this kind of source does not take the option"));
+}
+
 TEST_F(Commands, OptionsMayStandAnywhere) {
     const std::string plain = exported({"shop.sql"});
     for (const std::vector<std::string>& arguments :

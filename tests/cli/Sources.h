@@ -50,4 +50,7 @@ inline std::string manyTables(int count) {
     return sql;
 }
 
+/// Makes a database file from a script.
+void makeDatabase(const std::string& path, const std::string& sql);
+
 }  // namespace cli_test
