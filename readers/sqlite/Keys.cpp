@@ -13,9 +13,7 @@ namespace {
 using Columns = std::vector<ZORAttribute*>;
 
 bool haveSameMembers(const ZORVector<ZORAttribute*>& key, const Columns& columns) {
-    return key.size() == columns.size() &&
-           std::all_of(columns.begin(), columns.end(),
-                       [&](ZORAttribute* column) { return key.contains(column); });
+    return std::is_permutation(key.begin(), key.end(), columns.begin(), columns.end());
 }
 
 Columns primaryColumnsOf(const TableModel& table) {

@@ -43,6 +43,11 @@ const ReferenceConstraint* declarationOf(const TableFacts& table, std::size_t in
     return references.size() == table.foreignKeys.size() ? &references[index] : nullptr;
 }
 
+bool isNameIn(const auto& objects, const std::string& name) {
+    return std::any_of(objects.begin(), objects.end(),
+                       [&](const auto& object) { return equalIgnoringCase(object.name, name); });
+}
+
 class RelationshipBuilder {
   public:
     explicit RelationshipBuilder(Build& build) : build_(build) {}
@@ -65,7 +70,6 @@ class RelationshipBuilder {
     void find(TableModel& child, std::size_t index, std::vector<Relationship>& found);
     bool findParent(Relationship& relationship);
     std::string findColumns(Relationship& relationship);
-    bool isKnownTable(const std::string& name) const;
     void leaveOut(const Relationship& relationship, const std::string& reason);
     ZORCandidateKey* findOrAddParentKey(const Relationship& relationship);
     static ZORForeignKey* addForeignKey(const Relationship& relationship);
@@ -103,24 +107,18 @@ void RelationshipBuilder::find(TableModel& child, std::size_t index, std::vector
 bool RelationshipBuilder::findParent(Relationship& relationship) {
     const std::string& name = relationship.facts->parentTable;
     relationship.parent = build_.table(name);
-    if (relationship.parent != nullptr && !relationship.parent->facts->isVirtual) {
-        return true;
-    }
-    if (relationship.parent != nullptr) {
-        leaveOut(relationship, "a virtual table has no keys");
-    } else if (isKnownTable(name)) {
+    if (relationship.parent == nullptr && isNameIn(build_.catalog.tables, name)) {
         build_.losses.add("relationships to tables left out",
                           placeOf(relationship.child->facts->name, relationship.name), name);
+    } else if (relationship.parent == nullptr) {
+        leaveOut(relationship,
+                 isNameIn(build_.catalog.views, name) ? "this is a view" : "there is no such table");
+    } else if (relationship.parent->facts->isVirtual) {
+        leaveOut(relationship, "a virtual table has no keys");
     } else {
-        leaveOut(relationship, "there is no such table");
+        return true;
     }
     return false;
-}
-
-bool RelationshipBuilder::isKnownTable(const std::string& name) const {
-    const auto& tables = build_.catalog.tables;
-    return std::any_of(tables.begin(), tables.end(),
-                       [&](const TableFacts& table) { return equalIgnoringCase(table.name, name); });
 }
 
 /// Gives the reason why the columns cannot be paired, or nothing.

@@ -92,6 +92,8 @@ Script::Script(std::string text, Monitor& monitor)
       connection_({":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr}, monitor) {
     assertText();
     connection_.run(MEMORY_LIMITS);
+    // Dumps make the tables behind virtual tables themselves.
+    sqlite3_db_config(connection_.handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
     sqlite3_limit(connection_.handle(), SQLITE_LIMIT_LENGTH, LARGEST_VALUE);
     sqlite3_set_authorizer(connection_.handle(), &Script::authorize, this);
     run();
@@ -121,8 +123,10 @@ Script::Kind Script::kindOf(const Token& firstWord) noexcept {
 
 int Script::authorize(void* self, int action, const char* first, const char* second, const char* /*database*/,
                       const char* /*trigger*/) noexcept {
-    return static_cast<Script*>(self)->decide(action, first == nullptr ? "" : first,
-                                              second == nullptr ? "" : second);
+    auto& script = *static_cast<Script*>(self);
+    const int verdict = script.decide(action, first == nullptr ? "" : first, second == nullptr ? "" : second);
+    script.isDenied_ = script.isDenied_ || verdict == SQLITE_DENY;
+    return verdict;
 }
 
 /// SQLite asks for everything that a statement does, what it does by itself to keep its books included. To
@@ -181,7 +185,7 @@ void Script::run() {
 const char* Script::runStatement(const char* begin) {
     const Token first = Tokenizer(textFrom(begin)).next();
     kind_ = kindOf(first);
-    insertsSomething_ = insertsIntoSchema_ = false;
+    isDenied_ = insertsSomething_ = insertsIntoSchema_ = false;
     if (first.is('.')) {
         refuse(begin, "this is a command of the sqlite3 program, not SQL", REFUSAL_HINT);
     }
@@ -295,11 +299,10 @@ void Script::fail(const char* place) {
     if (connection_.ranOutOfSteps()) {
         refuse(place, "the statement does not come to an end", "take out what it selects from");
     }
-    sqlite3* handle = connection_.handle();
-    if (sqlite3_errcode(handle) == SQLITE_AUTH) {
+    if (isDenied_) {
         refuse(place, "this is not allowed in a script", REFUSAL_HINT);
     }
-    refuse(place, shortened(sqlite3_errmsg(handle)),
+    refuse(place, shortened(sqlite3_errmsg(connection_.handle())),
            adviseOnDialect(text_, static_cast<std::size_t>(place - text_.c_str())));
 }
 

@@ -48,6 +48,7 @@ class Script {
     Monitor& monitor_;
     Connection connection_;
     Kind kind_ = Kind::UNKNOWN;       ///< of the statement that is being run
+    bool isDenied_ = false;           ///< something of it is
     bool insertsSomething_ = false;   ///< so does it
     bool insertsIntoSchema_ = false;  ///< it does so into the table that holds the schema
     bool haveViewsChanged_ = false;   ///< since their nesting was looked at

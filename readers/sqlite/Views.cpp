@@ -64,6 +64,10 @@ void addColumns(Build& build, ZORSQLViewEntity& view, const CompiledView& compil
     }
 }
 
+void warnOfColumns(Build& build, const ViewFacts& view, const std::string& reason) {
+    build.warn(placeOf(view.name), reason + "; its text is kept, its columns are left out");
+}
+
 void addView(Build& build, const ViewFacts& facts, const ViewNesting& nesting) {
     auto added = std::make_unique<ZORSQLViewEntity>();
     added->setName(ZORString(facts.name));
@@ -71,16 +75,14 @@ void addView(Build& build, const ViewFacts& facts, const ViewNesting& nesting) {
     ZORSQLViewEntity& view = *build.package->addModelElement(std::move(added));
     build.views[foldCase(facts.name)] = &view;
     if (!nesting.isModest(facts.name)) {
-        build.warn(
-            placeOf(facts.name),
-            "the view is nested too deeply in other views; its text is kept, its columns are left out");
+        warnOfColumns(build, facts, "the view uses itself, or too many other views one inside the other");
         return;
     }
     const CompiledView compiled(build.connection, facts.name);
     if (!compiled.isValid()) {
-        build.warn(placeOf(facts.name), "SQLite does not understand the view (" +
-                                            std::string(sqlite3_errmsg(build.connection.handle())) +
-                                            "); its text is kept, its columns are left out");
+        warnOfColumns(build, facts,
+                      "SQLite does not understand the view (" +
+                          std::string(sqlite3_errmsg(build.connection.handle())) + ")");
         return;
     }
     addColumns(build, view, compiled, nesting.isCompound(facts.name));
