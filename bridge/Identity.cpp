@@ -42,6 +42,10 @@ unsigned char& Bridge::getDomainVariants(ZORType* type) const {
     return *reinterpret_cast<unsigned char*>(getObjectUserData(type) + ObjectUserData::DOMAIN_VARIANTS);
 }
 
+unsigned char& Bridge::getColumnTraits(ZORType* type) const {
+    return reinterpret_cast<unsigned char*>(getObjectUserData(type) + ObjectUserData::MARKS)[2];
+}
+
 void Bridge::releaseUserData(ZORModelObject* object) noexcept {
     if (object->getGeneralPointer() != nullptr) {
         object->setGeneralPointer(nullptr);

@@ -74,6 +74,12 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
         DTMTypeHashtable types;
     };
 
+    /// What a column's or parameter's type decides beside its size.
+    struct DBMColumnTraits {
+        int category;     ///< see `getDBMTypeCategory`
+        bool isIdentity;  ///< numbered by the database
+    };
+
     /// @name 1. Run driver (bridge/MicrosoftSqlServerMdsMdcExport.cpp)
     /// @{
     explicit ZORMicrosoftSqlServerMdsMdcExportBridge(ZORLog* log);
@@ -122,6 +128,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     ExportMark& getERDMark(ZORModelObject* object) const;
     /// Which of a type's ERD domains are referred to: bit 0 the nullable one, bit 1 the not-null one.
     unsigned char& getDomainVariants(ZORType* type) const;
+    /// What `getDBMColumnTraits` found of a type; 0 when it was not asked yet.
+    unsigned char& getColumnTraits(ZORType* type) const;
     /// Frees the slots of an object that is about to go; nothing happens when it has none.
     void releaseUserData(ZORModelObject* object) noexcept;
     /// Enters the object's name in the table. Null when it may stay (or `enabled` is false), else the name to
@@ -264,10 +272,12 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
 
     /// @name 10. DBM: columns (dbm/Columns.cpp)
     /// @{
+    /// The category and the identity of a type, worked out once and kept with the type: columns are many.
+    DBMColumnTraits getDBMColumnTraits(ZORType* type);
     /// A column of a table; with a name, a view's column of that name that shows the table's column.
     void printDBMAttribute(ZORAttribute* column, const ZORString* name);
     /// What the size of a column or parameter is called depends on the category of its type.
-    void printDBMTypeSize(const ZORType* type);
+    void printDBMTypeSize(ZORType* type);
     /// The reference to the type's counterpart in the type set; nothing when no set is in force.
     void printDBMDataType(ZORType* type);
     /// @}

@@ -4,6 +4,18 @@
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
+Bridge::DBMColumnTraits Bridge::getDBMColumnTraits(ZORType* type) {
+    constexpr int KNOWN = 0x80;
+    constexpr int IDENTITY = 0x40;
+    constexpr int CATEGORY = 0x3f;
+    unsigned char& traits = getColumnTraits(type);
+    if (traits == 0) {
+        const bool isIdentity = getOldDataType(type->getDataType()) == "AUTOINCREMENT";
+        traits = static_cast<unsigned char>(KNOWN | (isIdentity ? IDENTITY : 0) | getDBMTypeCategory(type));
+    }
+    return {traits & CATEGORY, (traits & IDENTITY) != 0};
+}
+
 void Bridge::printDBMAttribute(ZORAttribute* column, const ZORString* name) {
     ZORType* type = column->getType()->getActualType();
     if (name == nullptr) {
@@ -18,7 +30,7 @@ void Bridge::printDBMAttribute(ZORAttribute* column, const ZORString* name) {
                       true);
     propertyAttribute("IsNullable"_z, column->isOptional(), true);
     printDBMTypeSize(type);
-    if (getOldDataType(type->getDataType()) == "AUTOINCREMENT") {
+    if (getDBMColumnTraits(type).isIdentity) {
         propertyAttribute("IdentityIncrement"_z, "1");
     }
     closeTag(false);
@@ -30,13 +42,13 @@ void Bridge::printDBMAttribute(ZORAttribute* column, const ZORString* name) {
     endTag("dbm:LogicalColumn"_z);
 }
 
-void Bridge::printDBMTypeSize(const ZORType* type) {
+void Bridge::printDBMTypeSize(ZORType* type) {
     const auto writeUnlessZero = [this](const ZORString& name, int size) {
         if (size != 0) {
             propertyAttribute(name, size);
         }
     };
-    switch (getDBMTypeCategory(type)) {
+    switch (getDBMColumnTraits(type).category) {
         case 0:
             writeUnlessZero("NumericPrecision"_z, type->getLength());
             writeUnlessZero("NumericScale"_z, type->getScale());

@@ -48,11 +48,11 @@ void Bridge::startTag(const ZORString& tag, ZORModelObject* object, int id, bool
 
 void Bridge::startTag(const ZORString& tag, bool keepOpen) {
     pushIndentation();
-    file_ << '<' << tag;
     attributeState_ = TAG_LINE_OPEN;
-    if (!keepOpen) {
-        file_ << '>';
-        file_.endLine();
+    if (keepOpen) {
+        file_.print('<', tag);
+    } else {
+        file_.printLine('<', tag, '>');
     }
 }
 
@@ -70,28 +70,24 @@ void Bridge::propertyAttribute(const ZORString& name, const char* value) {
         return;
     }
     beginAttribute(name);
-    file_ << value;
-    endAttribute();
+    file_.printLine(std::string_view(value), '"');
 }
 
 void Bridge::propertyAttribute(const ZORString& name, int value) {
     beginAttribute(name);
-    file_ << value;
-    endAttribute();
+    file_.printLine(value, '"');
 }
 
 void Bridge::closeTag(bool empty) {
     if (attributeState_ == TAG_LINE_OPEN) {
-        file_ << (empty ? "/>" : ">");
-        file_.endLine();
+        file_.printLine(std::string_view(empty ? "/>" : ">"));
         if (empty) {
             shortenIndentation();
         }
         return;
     }
     popIndentation();
-    file_ << (empty ? "/>" : ">");
-    file_.endLine();
+    file_.printLine(std::string_view(empty ? "/>" : ">"));
     if (!empty) {
         currentIndentation_.append(indentationUnit_.view());
     }
@@ -99,8 +95,7 @@ void Bridge::closeTag(bool empty) {
 
 void Bridge::endTag(const ZORString& tag) {
     popIndentation();
-    file_ << "</" << tag << '>';
-    file_.endLine();
+    file_.printLine("</", tag, '>');
 }
 
 void Bridge::linkTag(const ZORString& tag, ZORModelObject* object, MDCSubjectArea area) {
@@ -109,8 +104,7 @@ void Bridge::linkTag(const ZORString& tag, ZORModelObject* object, MDCSubjectAre
 
 void Bridge::linkTag(const ZORString& tag, int id) {
     writeIndentation();
-    file_ << '<' << tag << " oim:href=\"#_" << id << "\"/>";
-    file_.endLine();
+    file_.printLine('<', tag, " oim:href=\"#_", id, "\"/>");
 }
 
 void Bridge::flagAttribute(const ZORString& name, bool value, bool force) {
@@ -143,7 +137,7 @@ void Bridge::shortenIndentation() {
 
 void Bridge::writeTagStart(const ZORString& tag, int id) {
     pushIndentation();
-    file_ << '<' << tag << " oim:id=\"_" << id << '"';
+    file_.print('<', tag, " oim:id=\"_", id, '"');
     attributeState_ = TAG_LINE_OPEN;
     countElement();
 }
@@ -155,7 +149,7 @@ void Bridge::writeTagName(const ZORString& name) {
 }
 
 void Bridge::writeUnnamed(int id) {
-    file_ << " name=\"unnamed$" << id << '"';
+    file_.print(" name=\"unnamed$", id, '"');
 }
 
 void Bridge::writeTexts(ZORModelObject* object) {
@@ -169,10 +163,9 @@ void Bridge::beginAttribute(const ZORString& name) {
         attributeState_ = ATTRIBUTE_LINES_WRITTEN;
     }
     writeIndentation();
-    file_ << name << "=\"";
+    file_.print(name, "=\"");
 }
 
 void Bridge::endAttribute() {
-    file_ << '"';
-    file_.endLine();
+    file_.printLine('"');
 }
