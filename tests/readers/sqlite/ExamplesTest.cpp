@@ -80,7 +80,7 @@ TEST_P(ExampleDatabase, HasStatementsThatAreUnderstoodLikeSqliteDoes) {
 
 INSTANTIATE_TEST_SUITE_P(Examples, ExampleDatabase,
                          testing::Values(Example{"shop", 0}, Example{"library", 0}, Example{"timetable", 3}),
-                         [](const testing::TestParamInfo<Example>& info) { return info.param.name; });
+                         [](const testing::TestParamInfo<Example>& example) { return example.param.name; });
 
 TEST(ExampleScript, WithAnyByteChangedGivesAModelOrAnError) {
     const std::string good = support::contentOf(EXAMPLES_FOLDER "/library.sql");
