@@ -19,8 +19,8 @@ inline constexpr int ZOR_DEEPEST_NESTING = 1000;
 /// - keys, indexes and roles that are inconsistent with each other or their classes, an association class
 /// that is not
 ///   the class of its association, a second primary key;
-/// - a realization with a stereotype of its own, an element that packages do not hold, a general pointer in
-/// use.
+/// - a realization or a data type with a stereotype of its own, an element that packages do not hold, a
+/// general pointer in use.
 ///
 /// Gives back one sentence per fault, naming the object, at most `most` of them; empty when the model is
 /// sound. It takes constant time per object and needs no stack per nesting level. While it runs it uses the

@@ -6,13 +6,19 @@ namespace support {
 
 namespace {
 
-/// Gives an object every text that model objects have.
+/// What stands for itself or has a word in UML can have a stereotype.
+bool canHaveStereotype(const ZORModelObject& object) {
+    return object.getElementType() != ZOR_REALIZATION &&
+           (!object.isInstanceOf(ZOR_TYPE) || object.getElementType() == ZOR_CLASS_TYPE);
+}
+
+/// Gives an object every text that model objects may have.
 void fill(ZORModelObject& object, const char* name) {
     object.setName(name);
     object.setPhysicalName(ZORString(name) + "_P");
     object.setDescription(ZORString(name) + " description");
     object.setComments(ZORString(name) + " comments");
-    if (object.getElementType() != ZOR_REALIZATION) {
+    if (canHaveStereotype(object)) {
         object.setStereotype(ZORString(name) + " stereotype");
     }
     object.addNote(std::make_unique<ZORNote>(ZORString(name) + " note"));

@@ -1,0 +1,98 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "CollectingLog.h"
+#include "CompleteModel.h"
+#include "MemorySink.h"
+#include "ModelChanges.h"
+#include "ModelDump.h"
+#include "ZORManager.h"
+
+namespace {
+
+using support::CollectingLog;
+using support::CompleteModel;
+using support::ModelChange;
+using support::modelChanges;
+using testing::EndsWith;
+
+/// The product's own bridge, found where the manager looks for it, writing into memory.
+class ProductBridgeTest : public testing::Test {
+  protected:
+    ProductBridgeTest() {
+        ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL);
+        ZORFile::setSinkOpener([this](const ZORString&) {
+            record = std::make_shared<support::SinkRecord>();
+            return std::make_unique<support::MemorySink>(record);
+        });
+        bridge.getOptionList(options);
+        options.setValue("ERD TypeSet", "XML Datatypes");
+        options.setValue("DBM TypeSet", "SQL Server 7.x");
+    }
+    ~ProductBridgeTest() override {
+        ZORFile::setSinkOpener({});
+        ZORFile::setFlushPolicy(ZORFlushPolicy::EACH_LINE);
+    }
+    /// Exports a sound model in all views, with names as they are and with unique names.
+    void expectExports(ZORModel& model) {
+        const std::string before = support::dumpModel(model);
+        for (const char* view : {"UML", "ERD", "DBM", "ERD and DBM"}) {
+            for (const char* repository : {"True", "False"}) {
+                options.setValue("Model", view);
+                options.setValue("MS Repository", repository);
+                bridge.run(model, options, log);
+                EXPECT_THAT(record->text(), EndsWith("</oim:Transfer>\n"));
+                ASSERT_EQ(support::dumpModel(model), before)
+                    << "the export of " << view << " leaves the model as it was";
+            }
+        }
+    }
+
+    const ZORBridge bridge = [] {
+        ::unsetenv("ZOR_BRIDGE_PATH");
+        return ZORBridgeManager().load("MicrosoftSqlServerMdsMdcExport");
+    }();
+    ZOROptionList options;
+    CollectingLog log;
+    std::shared_ptr<support::SinkRecord> record;
+};
+
+TEST_F(ProductBridgeTest, ExportsAModelThatHoldsEverything) {
+    CompleteModel m;
+    expectExports(m.model);
+    EXPECT_EQ(log.lines(), "");
+}
+
+TEST_F(ProductBridgeTest, ExportsWhateverTheCheckLetsThrough) {
+    std::size_t exported = 0;
+    for (const ModelChange& change : modelChanges()) {
+        SCOPED_TRACE(change.what);
+        CompleteModel m;
+        change.make(m);
+        if (checkModel(m.model).empty()) {
+            expectExports(m.model);
+            ++exported;
+        }
+    }
+    EXPECT_GT(exported, modelChanges().size() / 2);
+    EXPECT_LT(exported, modelChanges().size());
+}
+
+TEST_F(ProductBridgeTest, ExportsWhateverPairOfChangesTheCheckLetsThrough) {
+    for (const ModelChange& first : modelChanges()) {
+        for (const ModelChange& second : modelChanges()) {
+            SCOPED_TRACE(std::string(first.what) + ", " + second.what);
+            CompleteModel m;
+            first.make(m);
+            second.make(m);
+            if (checkModel(m.model).empty()) {
+                options.setValue("Model", &first < &second ? "UML" : "ERD and DBM");
+                ASSERT_NO_THROW(bridge.run(m.model, options, log));
+            }
+        }
+    }
+}
+
+}  // namespace
