@@ -1,12 +1,13 @@
 #include "Reader.h"
 #include "model_document/ModelDocumentReader.h"
 #include "sqlite/SqliteReaders.h"
+#include "xmi/XmiReader.h"
 
 namespace readers {
 
 const std::vector<const Reader*>& allReaders() {
-    static const std::vector<const Reader*> readers = {&sqliteDatabaseReader(), &sqlScriptReader(),
-                                                       &modelDocumentReader()};
+    static const std::vector<const Reader*> readers = {&sqliteDatabaseReader(), &xmiReader(),
+                                                       &sqlScriptReader(), &modelDocumentReader()};
     return readers;
 }
 

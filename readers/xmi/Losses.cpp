@@ -1,0 +1,129 @@
+#include "Losses.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <set>
+
+#include "Wording.h"
+
+namespace readers::xmi {
+
+namespace {
+
+/// What is written for its own sake, or says once more what the other side says.
+constexpr std::string_view REDUNDANT[] = {
+    "annotatedElement",
+    "association",
+    "attributePosition",
+    "behavioralFeature",
+    "class",
+    "classifier",
+    "clientDependency",
+    "drawas",
+    "elementReference",
+    "endType",
+    "extendedElement",
+    "generalization",
+    "isRoot",
+    "isSpecification",
+    "label",
+    "memberEnd",
+    "namespace",
+    "nsPrefix",
+    "owner",
+    "owningAssociation",
+    "relatedElement",
+    "signature",
+    "specialization",
+    "supplierDependency",
+    "toolId",
+    "typedElement",
+    "URI",
+    "interfaceRealization",
+};
+
+/// Values that every element has unless it says otherwise.
+struct DefaultValue {
+    std::string_view name;
+    std::string_view value;
+};
+constexpr DefaultValue DEFAULTS[] = {
+    {"changeability", "changeable"}, {"changeable", "changeable"}, {"direction", "in"},
+    {"isSubstitutable", "true"},     {"isUnique", "true"},         {"ordering", "unordered"},
+    {"ownerScope", "instance"},      {"targetScope", "instance"},  {"visibility", "public"},
+    {"isNavigable", "true"},         {"kind", "return"},
+};
+
+/// A parameter has no visibility of its own, whatever a tool writes.
+bool isRedundant(Element element, std::string_view name) noexcept {
+    return (element.is("Parameter"_n) && name == "visibility") ||
+           std::find(std::begin(REDUNDANT), std::end(REDUNDANT), name) != std::end(REDUNDANT);
+}
+
+bool saysNothing(std::string_view name, std::string_view text) noexcept {
+    return text.empty() || text == "false" || text == "none" ||
+           std::any_of(std::begin(DEFAULTS), std::end(DEFAULTS),
+                       [&](const DefaultValue& row) { return row.name == name && row.value == text; });
+}
+
+/// What a lost attribute counts as: "leaf flags" for isLeaf, "discriminators".
+std::string kindOfValue(std::string_view name) {
+    const bool isFlag = name.size() > 2 && name.starts_with("is") && name[2] >= 'A' && name[2] <= 'Z';
+    return isFlag ? toWords(name) + " flags" : toPlural(toWords(name));
+}
+
+void reportValues(const Assembly& assembly, Element element) {
+    for (std::uint32_t at = element.node().firstValue; at != NO_NODE; at = assembly.tree.value(at).next) {
+        const Value& value = assembly.tree.value(at);
+        const std::string_view name = assembly.tree.names.text(value.name);
+        if (!value.read && !isRedundant(element, name) && !saysNothing(name, value.text)) {
+            const bool isFlag = value.text == "true";
+            assembly.lose(kindOfValue(name), element, isFlag ? std::string() : std::string(value.text));
+        }
+    }
+}
+
+/// What an element says that the model does not hold counts as: "state machines", "package imports".
+std::string kindOfElement(const Assembly& assembly, Element element) {
+    if (element.is("Stereotype"_n)) {
+        return "stereotypes that nothing carries";
+    }
+    return toPlural(assembly.tree.kindOf(element.index()));
+}
+
+/// One entry for each tool: its extensions are not meant for others.
+void reportExtensions(const Assembly& assembly) {
+    std::set<std::string> tools;
+    for (NodeIndex index = 0; index < assembly.tree.size(); ++index) {
+        const Element element = assembly.tree.at(index);
+        if (element.node().space == Space::EXTENSION && element.is("Extension"_n) && !element.node().read &&
+            (element.firstChild() || element.has("text"_n))) {
+            tools.emplace(element.text("extender"_n));
+        }
+    }
+    for (const std::string& tool : tools) {
+        assembly.context.losses.add("extensions of tools", tool.empty() ? "(unnamed tool)" : tool);
+    }
+}
+
+}  // namespace
+
+void reportUnread(const Assembly& assembly) {
+    for (NodeIndex index = 0; index < assembly.tree.size(); ++index) {
+        const Element element = assembly.tree.at(index);
+        if (element.node().space == Space::EXTENSION) {
+            continue;
+        }
+        const bool isPartOfUnread = element.parent() && !element.parent().node().read &&
+                                    element.parent().node().space == element.node().space;
+        if (element.node().read) {
+            reportValues(assembly, element);
+        } else if (!isPartOfUnread) {
+            assembly.lose(kindOfElement(assembly, element), element);
+        }
+    }
+    reportExtensions(assembly);
+}
+
+}  // namespace readers::xmi

@@ -1,0 +1,166 @@
+#include "Tree.h"
+
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+
+#include "Wording.h"
+
+namespace readers::xmi {
+
+namespace {
+
+constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20;
+constexpr std::size_t MOST_PATH_PARTS = 300;
+
+}  // namespace
+
+NodeIndex Tree::addNode(NodeIndex parent, Name kind, Name role, Space space, std::uint32_t line) {
+    if (nodes_.size() >= NO_NODE) {
+        throw std::length_error("more elements than can be numbered");
+    }
+    const NodeIndex index = size();
+    Node& added = nodes_.emplace_back();
+    added.kind = kind;
+    added.role = role;
+    added.parent = parent;
+    added.space = space;
+    added.line = line;
+    if (parent != NO_NODE) {
+        Node& owner = nodes_[parent];
+        (owner.firstChild == NO_NODE ? owner.firstChild : nodes_[owner.lastChild].nextSibling) = index;
+        owner.lastChild = index;
+    }
+    return index;
+}
+
+std::uint32_t Tree::addValue(NodeIndex node, Name name, Form form, std::string_view text) {
+    if (values_.size() >= NO_NODE) {
+        throw std::length_error("more attributes than can be numbered");
+    }
+    const auto index = static_cast<std::uint32_t>(values_.size());
+    values_.push_back({store(text), name, NO_NODE, form, false});
+    Node& owner = nodes_[node];
+    (owner.firstValue == NO_NODE ? owner.firstValue : values_[owner.lastValue].next) = index;
+    owner.lastValue = index;
+    return index;
+}
+
+std::string_view Tree::labelOf(std::uint32_t value) const {
+    const auto found = labels_.find(value);
+    return found == labels_.end() ? std::string_view() : found->second;
+}
+
+std::string_view Tree::store(std::string_view text) {
+    if (text.empty()) {
+        return {};
+    }
+    if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() < text.size()) {
+        blocks_.emplace_back().reserve(std::max(BLOCK_SIZE, text.size()));
+    }
+    std::string& block = blocks_.back();
+    const std::size_t start = block.size();
+    block.append(text);
+    return std::string_view(block).substr(start);
+}
+
+std::string_view Tree::nameOf(NodeIndex node) const {
+    for (std::uint32_t at = nodes_[node].firstValue; at != NO_NODE; at = values_[at].next) {
+        if (values_[at].name == "name"_n && values_[at].form == Form::TEXT) {
+            return values_[at].text;
+        }
+    }
+    return {};
+}
+
+std::string Tree::pathOf(NodeIndex node) const {
+    std::vector<std::string_view> parts;
+    for (NodeIndex at = node; at != NO_NODE && parts.size() < MOST_PATH_PARTS; at = nodes_[at].parent) {
+        const std::string_view name = nameOf(at);
+        const bool isRoot = nodes_[at].parent == NO_NODE;
+        if (!name.empty() && (!isRoot || at == node)) {
+            parts.push_back(name);
+        }
+    }
+    std::string path;
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+        path.append(path.empty() ? "" : ".").append(*part);
+    }
+    if (nameOf(node).empty()) {
+        path.append(path.empty() ? "" : ".").append("(unnamed ").append(kindOf(node)).append(")");
+    }
+    return path;
+}
+
+std::string Tree::kindOf(NodeIndex node) const {
+    return toWords(names.text(nodes_[node].kind));
+}
+
+void Element::markAllRead() const {
+    // What is below stands behind the element, and the first node whose parent stands before it is not below.
+    for (NodeIndex at = index_; at < tree_->size(); ++at) {
+        Node& inside = tree_->node(at);
+        if (at != index_ && (inside.parent == NO_NODE || inside.parent < index_)) {
+            return;
+        }
+        inside.read = true;
+        for (std::uint32_t value = inside.firstValue; value != NO_NODE; value = tree_->value(value).next) {
+            tree_->value(value).read = true;
+        }
+    }
+}
+
+const Value* Element::find(Name name) const noexcept {
+    for (std::uint32_t at = node().firstValue; at != NO_NODE; at = tree_->value(at).next) {
+        Value& value = tree_->value(at);
+        if (value.name == name) {
+            value.read = true;
+            return &value;
+        }
+    }
+    return nullptr;
+}
+
+std::string_view Element::text(Name name) const noexcept {
+    const Value* value = find(name);
+    return value == nullptr ? std::string_view() : value->text;
+}
+
+bool Element::flag(Name name) const noexcept {
+    const std::string_view value = text(name);
+    return value == "true" || value == "1";
+}
+
+std::string Element::texts(Name name) const {
+    std::string all;
+    for (std::uint32_t at = node().firstValue; at != NO_NODE; at = tree_->value(at).next) {
+        Value& value = tree_->value(at);
+        if (value.name == name && value.form == Form::TEXT) {
+            value.read = true;
+            all.append(all.empty() ? "" : "\n").append(value.text);
+        }
+    }
+    return all;
+}
+
+Element Element::child(Name role) const noexcept {
+    for (const Element candidate : *this) {
+        if (candidate.role() == role) {
+            candidate.markRead();
+            return candidate;
+        }
+    }
+    return {*tree_, NO_NODE};
+}
+
+Element Element::childOfKind(Name kind) const noexcept {
+    for (const Element candidate : *this) {
+        if (candidate.kind() == kind) {
+            candidate.markRead();
+            return candidate;
+        }
+    }
+    return {*tree_, NO_NODE};
+}
+
+}  // namespace readers::xmi

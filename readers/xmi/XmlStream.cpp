@@ -1,0 +1,149 @@
+#include "XmlStream.h"
+
+#include <algorithm>
+#include <iterator>
+#include <mutex>
+
+#include "Prolog.h"
+#include "Reader.h"
+
+namespace readers::xmi {
+
+namespace {
+
+/// Faults that only a file has that ends too early.
+constexpr int CUT_OFF_CODES[] = {XML_ERR_DOCUMENT_END, XML_ERR_TAG_NOT_FINISHED, XML_ERR_COMMENT_NOT_FINISHED,
+                                 XML_ERR_CDATA_NOT_FINISHED, XML_ERR_PI_NOT_FINISHED};
+constexpr int ENCODING_CODES[] = {XML_ERR_INVALID_ENCODING, XML_ERR_INVALID_CHAR, XML_I18N_CONV_FAILED,
+                                  XML_IO_ENCODER, XML_I18N_EXCESS_HANDLER};
+constexpr int UNKNOWN_ENCODING_CODES[] = {XML_ERR_UNKNOWN_ENCODING, XML_ERR_UNSUPPORTED_ENCODING,
+                                          XML_I18N_NO_HANDLER};
+
+template <std::size_t N>
+bool isOneOf(const int (&codes)[N], int code) noexcept {
+    return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
+}
+
+/// Whether the last thing in the file is no end of an element.
+bool endsInTheMiddle(std::string_view content) noexcept {
+    const std::size_t last = content.find_last_not_of(std::string_view(" \t\r\n\0", 5));
+    return last == std::string_view::npos || content[last] != '>';
+}
+
+std::string inLine(int line, std::string text) {
+    return line > 0 ? "line " + std::to_string(line) + ": " + std::move(text) : text;
+}
+
+/// The parser's own words as the rest of a sentence.
+std::string trimMessage(const char* message) {
+    std::string text = message == nullptr ? "" : message;
+    text.erase(
+        std::find_if(text.rbegin(), text.rend(), [](char c) { return c != '\n' && c != ' ' && c != '!'; })
+            .base(),
+        text.end());
+    return text;
+}
+
+}  // namespace
+
+XmlStream::XmlStream(std::string_view content) : content_(content) {
+    static std::once_flag initialised;
+    std::call_once(initialised, xmlInitParser);
+    checkProlog(content);
+    if (content.size() > INT32_MAX) {
+        throw SourceError(SourceError::Kind::CANNOT_READ, "is larger than 2 GiB");
+    }
+    constexpr int OPTIONS = XML_PARSE_NONET | XML_PARSE_NOBLANKS | XML_PARSE_NOCDATA | XML_PARSE_COMPACT;
+    reader_.reset(
+        xmlReaderForMemory(content.data(), static_cast<int>(content.size()), nullptr, nullptr, OPTIONS));
+    if (reader_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    xmlTextReaderSetStructuredErrorHandler(reader_.get(), noteFault, &fault_);
+}
+
+void XmlStream::noteFault(void* data, xmlErrorPtr error) noexcept {
+    auto& fault = *static_cast<Fault*>(data);
+    // Faults of less weight are a tool's careless use of namespaces; what they mean is clear all the same.
+    const bool counts = error->level == XML_ERR_FATAL || isOneOf(ENCODING_CODES, error->code) ||
+                        isOneOf(UNKNOWN_ENCODING_CODES, error->code);
+    if (fault.code == 0 && counts) {
+        fault.code = error->code;
+        fault.line = error->line;
+        fault.text = trimMessage(error->message);
+    }
+}
+
+bool XmlStream::advance() {
+    const int result = xmlTextReaderRead(reader_.get());
+    if (result < 0 || fault_.code != 0) {
+        throwFault();
+    }
+    node_ = result == 0 ? nullptr : xmlTextReaderCurrentNode(reader_.get());
+    return node_ != nullptr;
+}
+
+XmlStream::Event XmlStream::next() {
+    if (endIsDue_) {
+        endIsDue_ = false;
+        return Event::END;
+    }
+    while (advance()) {
+        switch (xmlTextReaderNodeType(reader_.get())) {
+            case XML_READER_TYPE_ELEMENT:
+                if (xmlTextReaderDepth(reader_.get()) >= DEEPEST_ELEMENT) {
+                    throw SourceError(SourceError::Kind::CANNOT_READ,
+                                      inLine(static_cast<int>(line()), "elements are nested deeper than " +
+                                                                           std::to_string(DEEPEST_ELEMENT) +
+                                                                           " levels, the most permitted"));
+                }
+                endIsDue_ = xmlTextReaderIsEmptyElement(reader_.get()) == 1;
+                return Event::START;
+            case XML_READER_TYPE_END_ELEMENT:
+                return Event::END;
+            case XML_READER_TYPE_TEXT:
+            case XML_READER_TYPE_CDATA:
+            case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
+                return Event::TEXT;
+            case XML_READER_TYPE_DOCUMENT_TYPE:
+            case XML_READER_TYPE_ENTITY_REFERENCE:
+                refuseDocumentType();
+            default:
+                break;  // comments and processing instructions say nothing of the model
+        }
+    }
+    return Event::FINISHED;
+}
+
+std::uint32_t XmlStream::line() const noexcept {
+    constexpr int FIRST_UNKNOWN = 65535;  // where the parser's counter for nodes ends
+    const int line = static_cast<int>(xmlGetLineNo(node_));
+    const int near = xmlTextReaderGetParserLineNumber(reader_.get());
+    return static_cast<std::uint32_t>(std::max(0, line > 0 && line < FIRST_UNKNOWN ? line : near));
+}
+
+void XmlStream::throwFault() const {
+    constexpr auto CANNOT_READ = SourceError::Kind::CANNOT_READ;
+    if (isOneOf(UNKNOWN_ENCODING_CODES, fault_.code)) {
+        throw SourceError(
+            CANNOT_READ,
+            inLine(fault_.line, "the file declares an encoding that is not known here: " + fault_.text),
+            "save it as UTF-8");
+    }
+    if (isOneOf(ENCODING_CODES, fault_.code)) {
+        throw SourceError(
+            CANNOT_READ,
+            inLine(fault_.line, "there are bytes that are no text in the file's encoding, which is " +
+                                    declaredEncoding(content_)),
+            "the first line of the file declares its encoding");
+    }
+    if (isOneOf(CUT_OFF_CODES, fault_.code) || endsInTheMiddle(content_)) {
+        throw SourceError(CANNOT_READ, inLine(fault_.line, "the file ends in the middle of an element"),
+                          "it was probably cut off when it was written or copied");
+    }
+    throw SourceError(CANNOT_READ,
+                      inLine(fault_.line, "this is not well-formed XML: " +
+                                              (fault_.text.empty() ? "the parser gave up" : fault_.text)));
+}
+
+}  // namespace readers::xmi

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <libxml/xmlreader.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace readers::xmi {
+
+/// The elements and texts of an XML file, one after the other.
+///
+/// Nothing but the file itself is ever read, document types are refused before the parser sees them, and the
+/// depth of nesting is bounded. All faults of the file throw SourceError with the line.
+class XmlStream {
+  public:
+    /// Elements nested deeper than this are refused.
+    static constexpr int DEEPEST_ELEMENT = 250;
+
+    enum class Event : std::uint8_t { START, END, TEXT, FINISHED };
+
+    /// `content` outlives the stream.
+    explicit XmlStream(std::string_view content);
+
+    Event next();
+    /// The element or text that the last event was about; valid until the next one.
+    const xmlNode& node() const noexcept { return *node_; }
+    /// Where it stands. Exact up to line 65,534, near from there on.
+    std::uint32_t line() const noexcept;
+
+  private:
+    struct ReaderCloser {
+        void operator()(xmlTextReader* reader) const noexcept { xmlFreeTextReader(reader); }
+    };
+    /// The first fault that the parser told of.
+    struct Fault {
+        int code = 0;
+        int line = 0;
+        std::string text;
+    };
+
+    static void noteFault(void* data, xmlErrorPtr error) noexcept;
+    bool advance();
+    [[noreturn]] void throwFault() const;
+
+    std::string_view content_;
+    std::unique_ptr<xmlTextReader, ReaderCloser> reader_;
+    xmlNode* node_ = nullptr;
+    bool endIsDue_ = false;  ///< an element without content has had its start
+    Fault fault_;
+};
+
+/// A name or text of the parser's as what it is: UTF-8.
+inline std::string_view toView(const xmlChar* text) noexcept {
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+}
+
+}  // namespace readers::xmi
