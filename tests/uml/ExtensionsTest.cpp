@@ -78,9 +78,8 @@ TEST_F(UmlExtensions, RenameStereotypesOfOneNameForTheRepository) {
     const std::string text = print(true);
     EXPECT_THAT(text, HasSubstr("name=\"entity\"\nbaseClass=\"Class\"\n"));
     EXPECT_THAT(text, HasSubstr("name=\"entity/Attribute\"\nbaseClass=\"Attribute\"\n"));
-    EXPECT_THAT(messages, HasSubstr(
-                              "Renaming the Stereotype 'entity' to 'entity/Attribute' to avoid a name "
-                              "clash"));
+    EXPECT_THAT(messages, HasSubstr("Renaming the Stereotype 'entity' to 'entity/Attribute' to avoid a name "
+                                    "clash"));
 }
 
 TEST_F(UmlExtensions, WriteACommentForEveryNoteEvenAnEmptyOne) {
