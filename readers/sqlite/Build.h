@@ -74,11 +74,11 @@ std::string join(const std::vector<std::string>& names, std::string_view between
 void addTables(Build& build);
 /// Primary keys and unique constraints.
 void addCandidateKeys(Build& build);
+void addViews(Build& build);
 /// Foreign keys with their associations; and candidate keys that only a unique index stands for, where a
 /// foreign key refers to them.
 void addRelationships(Build& build);
 void addIndexes(Build& build);
-void addViews(Build& build);
 void addTriggers(Build& build);
 /// Reports what a table's statement says and a model cannot hold.
 void reportTableLosses(Build& build, const TableModel& table);

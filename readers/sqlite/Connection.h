@@ -45,6 +45,8 @@ class Connection {
     };
 
     Connection(const Way& way, Monitor& monitor);
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
     sqlite3* handle() const noexcept { return handle_.get(); }
     /// How long to wait for another process that has locked the file.

@@ -13,9 +13,7 @@ namespace {
 
 /// About a second's work; a statement about the schema needs a few thousand.
 constexpr std::uint64_t MOST_STEPS = 50'000'000;
-/// What may be held in memory, in pages of 4 KiB and in bytes for one value.
-constexpr const char* MEMORY_LIMITS = "PRAGMA max_page_count=65536; PRAGMA temp_store=MEMORY";
-constexpr int LARGEST_VALUE = 64 * 1024 * 1024;
+constexpr sqlite3_int64 MOST_MEMORY = 256 * 1024 * 1024;
 
 constexpr const char* REFUSAL_HINT =
     "a script may make tables, views, indexes and triggers and insert rows; take everything else out, or run "
@@ -55,7 +53,21 @@ bool compilesViews(std::string_view statement) {
     return false;
 }
 
-std::string shortened(std::string text) {
+/// Keeps a script from taking all memory. SQLite has one limit for all its databases, so the earlier one is
+/// set again.
+class MemoryLimit {
+  public:
+    MemoryLimit() noexcept : earlier_(sqlite3_hard_heap_limit64(sqlite3_memory_used() + MOST_MEMORY)) {}
+    ~MemoryLimit() { sqlite3_hard_heap_limit64(earlier_); }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+
+  private:
+    sqlite3_int64 earlier_;
+};
+
+std::string shortened(std::string_view message) {
+    std::string text = toLine(message);
     constexpr std::size_t LONGEST = 200;
     if (text.size() > LONGEST) {
         std::size_t end = LONGEST;
@@ -91,12 +103,14 @@ Script::Script(std::string text, Monitor& monitor)
       monitor_(monitor),
       connection_({":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr}, monitor) {
     assertText();
-    connection_.run(MEMORY_LIMITS);
+    connection_.run("PRAGMA temp_store=MEMORY");  // no files, and counted with the rest
     // Dumps make the tables behind virtual tables themselves.
     sqlite3_db_config(connection_.handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
-    sqlite3_limit(connection_.handle(), SQLITE_LIMIT_LENGTH, LARGEST_VALUE);
     sqlite3_set_authorizer(connection_.handle(), &Script::authorize, this);
-    run();
+    {
+        const MemoryLimit limit;
+        run();
+    }
     sqlite3_set_authorizer(connection_.handle(), nullptr, nullptr);
     connection_.allowSteps(0);
     reportTemporaryObjects();
@@ -195,7 +209,7 @@ const char* Script::runStatement(const char* begin) {
     if (kind_ == Kind::DELETE) {
         return skipDelete(begin);
     }
-    if (kind_ == Kind::SCHEMA && haveViewsChanged_ && compilesViews(textFrom(begin))) {
+    if (kind_ == Kind::SCHEMA && compilesViews(textFrom(begin))) {
         assertModestViews(begin);
     }
     const char* behind = begin;
@@ -251,6 +265,7 @@ void Script::finishInsert(std::string_view statement) {
         const std::string sql = token.kind == Token::Kind::STRING ? token.name() : std::string();
         Tokenizer inner(sql);
         if (inner.next().is("CREATE") && inner.next().is("VIRTUAL")) {
+            assertModestViews(statement.data());
             kind_ = Kind::SCHEMA;
             const char* behind = nullptr;
             runToEnd(sql.c_str(), statement.data(), &behind);
@@ -261,6 +276,9 @@ void Script::finishInsert(std::string_view statement) {
 }
 
 void Script::assertModestViews(const char* begin) {
+    if (!haveViewsChanged_) {
+        return;
+    }
     ViewNesting nesting;
     sqlite3_set_authorizer(connection_.handle(), nullptr, nullptr);
     {
@@ -298,6 +316,9 @@ void Script::fail(const char* place) {
     monitor_.rethrow();
     if (connection_.ranOutOfSteps()) {
         refuse(place, "the statement does not come to an end", "take out what it selects from");
+    }
+    if (sqlite3_errcode(connection_.handle()) == SQLITE_NOMEM) {
+        refuse(place, "the statement needs too much memory", "take out what it selects from");
     }
     if (isDenied_) {
         refuse(place, "this is not allowed in a script", REFUSAL_HINT);

@@ -132,8 +132,9 @@ std::vector<std::string> findTableReferences(std::string_view select) {
 
 void ViewNesting::add(std::string_view view, std::string_view select) {
     Node& node = nodes_[foldCase(view)];
-    node.references = findTableReferences(select);
-    node.compound = isCompoundSelect(select);
+    const std::vector<std::string> references = findTableReferences(select);
+    node.references.insert(node.references.end(), references.begin(), references.end());
+    node.compound = node.compound || isCompoundSelect(select);
 }
 
 /// Takes the views in such an order that each comes behind those that it uses; a view in a circle, or behind

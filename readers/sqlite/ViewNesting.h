@@ -17,7 +17,7 @@ class ViewNesting {
     static constexpr std::size_t DEEPEST = 100;
     static constexpr std::size_t MOST_REFERENCES = 1000;
 
-    /// In the order of creation; `select` is the view's statement.
+    /// `select` is the view's statement. Views of one name, in several schemas, are taken together.
     void add(std::string_view view, std::string_view select);
     /// To be called when all views are known.
     void measure();

@@ -377,7 +377,18 @@ TEST(LoggedDatabase, LeftWithItsLogIsReadWithItAndWithoutATrace) {
     EXPECT_EQ(support::contentOf(folder / "a.db-wal"), log);
 }
 
-TEST(LoggedDatabase, InAReadOnlyFolderIsRead) {
+TEST(LoggedDatabase, LeftWithAllItsFilesKeepsThem) {
+    const ScratchFolder folder;
+    OtherProcess(folder / "a.db", "PRAGMA journal_mode=WAL; CREATE TABLE t(a INT)").finish();
+    const std::string database = support::contentOf(folder / "a.db");
+    const std::string log = support::contentOf(folder / "a.db-wal");
+    EXPECT_EQ(readAndDescribe(folder / "a.db"), "table t\n  a INT null\n");
+    EXPECT_THAT(filesIn(folder), ElementsAre("a.db", "a.db-shm", "a.db-wal"));
+    EXPECT_EQ(support::contentOf(folder / "a.db"), database);
+    EXPECT_EQ(support::contentOf(folder / "a.db-wal"), log);
+}
+
+TEST(DatabaseFile, InAReadOnlyFolderIsRead) {
     struct Case {
         const char* what;
         const char* sql;
@@ -385,6 +396,7 @@ TEST(LoggedDatabase, InAReadOnlyFolderIsRead) {
         const char* model;
     };
     const Case cases[] = {
+        {"without a log", "CREATE TABLE t(a INT)", {}, "table t\n  a INT null\n"},
         {"at rest",
          "PRAGMA journal_mode=WAL; CREATE TABLE t(a INT); PRAGMA wal_checkpoint(TRUNCATE)",
          {"a.db-shm", "a.db-wal"},

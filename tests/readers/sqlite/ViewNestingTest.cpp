@@ -78,6 +78,15 @@ TEST(ViewNesting, IsNotModestForViewsDefinedByThemselves) {
     EXPECT_TRUE(nesting.isModest("d"));
 }
 
+TEST(ViewNesting, TakesViewsOfOneNameTogether) {
+    ViewNesting nesting;
+    nesting.add("a", "SELECT * FROM main.b");
+    nesting.add("b", "SELECT * FROM a");
+    nesting.add("A", "SELECT 1");
+    nesting.measure();
+    EXPECT_FALSE(nesting.isModest("a"));
+}
+
 TEST(ViewNesting, KnowsCompoundViewsAndWhatIsMadeOfThem) {
     ViewNesting nesting;
     nesting.add("over", "SELECT * FROM both");
