@@ -31,15 +31,11 @@ const View* givenView(const ZOROptionList& options, const Arguments& arguments) 
     if (last == settings.rend()) {
         return nullptr;
     }
-    const View* view = findViewByBridgeValue(options.getValue("Model").view());
-    requireAvailable(*view, last->givenBy);
-    return view;
+    return findViewByBridgeValue(options.getValue("Model").view());
 }
 
 const View& naturalView(const OpenedSource& source) {
-    const View* view = findViewByName(source.reader->describe().naturalView);
-    requireAvailable(*view, source.source.name());
-    return *view;
+    return *findViewByName(source.reader->describe().naturalView);
 }
 
 void requireOutputForStandardInput(const SourceName& name, const Arguments& arguments) {

@@ -1,11 +1,6 @@
 #include "Views.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-
-#include "Failure.h"
-#include "Text.h"
 
 namespace cli {
 
@@ -17,16 +12,6 @@ const View* findView(Predicate predicate) {
     return found == VIEWS.end() ? nullptr : &*found;
 }
 
-std::string availableChoices() {
-    std::vector<std::string> choices;
-    for (const View& view : VIEWS) {
-        if (view.available) {
-            choices.push_back(fmt::format("--view {}", view.name));
-        }
-    }
-    return joinWords(choices, "or");
-}
-
 }  // namespace
 
 const View* findViewByName(std::string_view name) {
@@ -35,15 +20,6 @@ const View* findViewByName(std::string_view name) {
 
 const View* findViewByBridgeValue(std::string_view value) {
     return findView([&](const View& view) { return view.bridgeValue == value; });
-}
-
-void requireAvailable(const View& view, const std::string& reason) {
-    if (view.available) {
-        return;
-    }
-    throw Failure(ExitCode::WRONG_USE, reason,
-                  fmt::format("the {} cannot be written by this version of the program", view.title),
-                  fmt::format("pass {}", availableChoices()));
 }
 
 std::vector<std::string> viewNames() {

@@ -205,31 +205,6 @@ INSTANTIATE_TEST_SUITE_P(
                   error("--erd-typeset: The option \"ERD TypeSet\" does not permit the value \"fish\".")}),
     [](const auto& usage) { return usage.param.name; });
 
-INSTANTIATE_TEST_SUITE_P(
-    Views, WrongUse,
-    testing::Values(
-        UsageCase{"Uml",
-                  {"export", "shop.sql", "--view", "uml"},
-                  error("--view: the UML view cannot be written by this version of the program") +
-                      "hint: pass --view dbm\n"},
-        UsageCase{"Erd",
-                  {"export", "shop.sql", "--view", "erd"},
-                  error("--view: the ERD view cannot be written by this version of the program") +
-                      "hint: pass --view dbm\n"},
-        UsageCase{"ErdAndDbm",
-                  {"export", "shop.sql", "--view", "erd+dbm"},
-                  error("--view: the ERD and DBM views cannot be written by this version of the program") +
-                      "hint: pass --view dbm\n"},
-        UsageCase{"SetBehindTheView",
-                  {"export", "shop.sql", "--view", "dbm", "--set", "Model=UML"},
-                  error("--set: the UML view cannot be written by this version of the program") +
-                      "hint: pass --view dbm\n"},
-        UsageCase{"NaturalViewOfTheSource",
-                  {"export", "m.model.json"},
-                  error("m.model.json: the UML view cannot be written by this version of the program") +
-                      "hint: pass --view dbm\n"}),
-    [](const auto& usage) { return usage.param.name; });
-
 INSTANTIATE_TEST_SUITE_P(Selection, WrongUse,
                          testing::Values(UsageCase{"OfAModelDocument",
                                                    {"inspect", "m.model.json", "--table", "x"},
