@@ -1,13 +1,17 @@
 #include "ZORPackages.h"
 
 ZORPackage::~ZORPackage() {
-    // Children are emptied before they are destroyed, so that the depth of nesting costs no stack.
-    while (!children_.isEmpty()) {
-        ZORPackage* child = children_.last();
-        children_.removeLast();
-        children_.appendAll(child->children_);
-        child->children_.clear();
-        delete child;
+    // Down to the innermost package and back up, so that the depth of nesting costs neither stack nor memory.
+    ZORPackage* package = this;
+    while (package != this || !children_.isEmpty()) {
+        if (!package->children_.isEmpty()) {
+            package = package->children_.last();
+            continue;
+        }
+        ZORPackage* innermost = package;
+        package = static_cast<ZORPackage*>(innermost->getOwner());
+        package->children_.removeLast();
+        delete innermost;
     }
 }
 

@@ -79,7 +79,7 @@ ZORVector<ZORAttribute*> Bridge::getOrderedColumns(const ZORCandidateKey* key) {
 void Bridge::printKeyAttributes(ZORKey* key, const char* tag, MDCSubjectArea area) {
     const ZORString memberTag(tag);
     const bool isForeignKey = key->getElementType() != ZOR_CANDIDATE_KEY;
-    const auto* foreignKey = static_cast<const ZORForeignKey*>(key);
+    const auto* foreignKey = isForeignKey ? static_cast<const ZORForeignKey*>(key) : nullptr;
     const ZORCandidateKey* candidateKey =
         isForeignKey ? foreignKey->getCandidateKey() : static_cast<const ZORCandidateKey*>(key);
     if (candidateKey == nullptr) {

@@ -76,7 +76,8 @@ ZORString& ZORString::append(std::string_view text) {
     const std::size_t after = before + text.size();
     if (block_ == nullptr || block_->capacity < after) {
         // The text may be part of this string: the old bytes are freed only after it was copied.
-        Block* grown = allocate(std::min(MAX_LENGTH, std::max(after, before + before / 2)));
+        const std::size_t roomy = std::min(MAX_LENGTH, before + before / 2);
+        Block* grown = allocate(std::max(after, roomy));
         std::memcpy(bytes(grown), c_str(), before);
         std::memcpy(bytes(grown) + before, text.data(), text.size());
         release();
