@@ -17,6 +17,14 @@ std::string quote(const std::string& text) {
     return quoted + "'";
 }
 
+std::string escapeDots(const std::string& name) {
+    std::string escaped;
+    for (const char character : name) {
+        escaped += character == '.' ? "\\." : std::string(1, character);
+    }
+    return escaped;
+}
+
 std::string unifiedDifference(const std::string& expected, const std::string& actual) {
     const std::string command =
         "diff -u --label expected --label actual -- " + quote(expected) + " " + quote(actual) + " 2>&1";
@@ -49,10 +57,9 @@ std::string compareWithExpected(const Case& which, const std::string& fileName, 
         return {};
     }
     writeFile(actualPath, actual);
-    std::string regex = "cases\\." + which.name + "$";
-    regex.replace(regex.find('.', 7), 1, "\\.");
     return (exists ? unifiedDifference(expectedPath, actualPath) : expectedPath + " does not exist\n") +
-           "\nkept:      " + actualPath + "\nto accept: ZOR_UPDATE_GOLDEN=1 ./dev test -R '" + regex + "'";
+           "\nkept:      " + actualPath + "\nto accept: ZOR_UPDATE_GOLDEN=1 ./dev test -R '" +
+           escapeDots("cases." + which.name) + "$'";
 }
 
 }  // namespace cases
