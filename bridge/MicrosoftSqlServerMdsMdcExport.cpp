@@ -189,4 +189,5 @@ void Bridge::cleanup(ZORStringHashtable& table) {
         delete table[i];
     }
     table.clear();
+    nameCounters_.clear();
 }

@@ -73,8 +73,9 @@ void checkReaderOptions(const std::map<std::string, std::string>& values,
     }
 }
 
-void requireSound(ZORModel& model, const std::string& sourceName, Console& console) {
-    const std::vector<ZORString> faults = checkModel(model);
+void requireSound(ZORModel& model, ZORViewsToCheck views, const std::string& sourceName, Console& console) {
+    constexpr std::size_t MOST_FAULTS = 20;
+    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS, views);
     if (faults.empty()) {
         return;
     }
@@ -102,7 +103,7 @@ std::unique_ptr<ZORModel> readWith(const OpenedSource& opened, const readers::Re
 }  // namespace
 
 ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
-                    Progress& progress) {
+                    Progress& progress, ZORViewsToCheck views) {
     const readers::ReaderDescription& description = source.reader->describe();
     checkSelection(arguments.selection, description);
     checkReaderOptions(arguments.readerOptions, description);
@@ -115,7 +116,7 @@ ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Cons
     ReadModel read;
     read.model = readWith(source, {arguments.modelName, arguments.selection, arguments.readerOptions},
                           context, progress);
-    requireSound(*read.model, source.source.name(), console);
+    requireSound(*read.model, views, source.source.name(), console);
     read.losses = std::move(context.losses);
     read.counts = countModel(*read.model);
     return read;

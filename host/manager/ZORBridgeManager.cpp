@@ -51,6 +51,14 @@ std::string bridgeNameOf(const fs::path& file) {
     return std::string(withoutPrefix(baseNameOf(file), HOST_PREFIX));
 }
 
+/// What the bridge will write, by the option that chooses it; a bridge without that option may write
+/// anything.
+ZORViewsToCheck viewsOf(const ZOROptionList& options) {
+    const ZORString view = options.getValue("Model");
+    return view == "ERD" || view == "DBM" || view == "ERD and DBM" ? ZORViewsToCheck::ALL_BUT_UML
+                                                                   : ZORViewsToCheck::ALL;
+}
+
 /// Does the bridge's work; an exception that is not the host's leaves as the host's message for it.
 template <typename Work>
 auto guarded(const ZORString& bridge, const Work& work) {
@@ -196,7 +204,7 @@ ZORString ZORBridge::getMappingSpecificationXmlFile() const {
 void ZORBridge::run(ZORModel& model, ZOROptionList& options, ZORLog& log) const {
     constexpr std::size_t MOST_FAULTS = 20;
     // One more than is told, so that it can be told whether there are more.
-    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1);
+    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1, viewsOf(options));
     if (!faults.empty()) {
         ZORString text = "The model \"" + model.getDisplayName() + "\" is not sound:";
         for (std::size_t i = 0; i < std::min(faults.size(), MOST_FAULTS); ++i) {
