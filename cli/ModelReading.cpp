@@ -59,9 +59,10 @@ void checkSelection(const readers::Selection& selection, const readers::ReaderDe
 void checkReaderOptions(const std::map<std::string, std::string>& values,
                         const readers::ReaderDescription& reader) {
     for (const auto& [name, value] : values) {
-        const auto option =
-            std::find_if(reader.options.begin(), reader.options.end(),
-                         [&](const readers::ReaderOption& known) { return known.name == name; });
+        const auto isIt = [&wanted = name](const readers::ReaderOption& known) {
+            return known.name == wanted;
+        };
+        const auto option = std::find_if(reader.options.begin(), reader.options.end(), isIt);
         if (option == reader.options.end()) {
             refuseForReader("--" + name, reader, "this kind of source does not take the option");
         }
