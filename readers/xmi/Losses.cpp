@@ -119,8 +119,10 @@ void reportUnread(const Assembly& assembly) {
                                     element.parent().node().space == element.node().space;
         if (element.node().read) {
             reportValues(assembly, element);
-        } else if (!isPartOfUnread) {
+        } else if (element.isUml() && !isPartOfUnread) {
             assembly.lose(kindOfElement(assembly, element), element);
+        } else if (!isPartOfUnread) {
+            assembly.lose("elements of other vocabularies", element);
         }
     }
     reportExtensions(assembly);

@@ -81,6 +81,7 @@ void Plan::decideAssociation(NodeIndex association, std::vector<NodeIndex> ends)
             }
         }
     }
+    endsOfLost_.emplace(association, std::move(ends));
 }
 
 /// Empty when every end stands at a class.
@@ -241,6 +242,11 @@ const std::vector<NodeIndex>& Plan::endsOf(NodeIndex association) const {
     static const std::vector<NodeIndex> NO_ENDS;
     const auto found = ends_.find(association);
     return found == ends_.end() ? NO_ENDS : found->second;
+}
+
+const std::vector<NodeIndex>& Plan::anyEndsOf(NodeIndex association) const {
+    const auto found = endsOfLost_.find(association);
+    return found == endsOfLost_.end() ? endsOf(association) : found->second;
 }
 
 NodeIndex Plan::associationOf(NodeIndex property) const {
