@@ -176,7 +176,7 @@ model m
 type Money Money
 )"_lines);
     EXPECT_EQ(result.warningLines(),
-              "m.A.a: its type is not in the file (other.uml#Money); a data type \"Money\" stands for it\n");
+              "A.a: its type is not in the file (other.uml#Money); a data type \"Money\" stands for it\n");
 }
 
 TEST(XmiOutsideTypes, OfWellKnownLibrariesNeedNoWarning) {
