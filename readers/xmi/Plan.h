@@ -90,6 +90,7 @@ class Plan {
     const Dialect& dialect_;
     LossReport& losses_;
     NodeIndex model_ = NO_NODE;
+    std::size_t pairCount_ = 0;
     std::vector<Becomes> becomes_;
     std::vector<NodeIndex> packages_;
     std::unordered_map<NodeIndex, std::string_view> mentionedPackages_;

@@ -1,6 +1,6 @@
 #include "Relationships.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 #include "Expressions.h"
 
@@ -50,13 +50,23 @@ void Relationships::addAssociation(ZORDesignPackage& package, Element element) {
     } else {
         assembly_.record(element, &association);
     }
-    for (const NodeIndex end : assembly_.plan.endsOf(element.index())) {
-        addRole(association, element, assembly_.tree.at(end));
+    std::unordered_set<NodeIndex> navigable;
+    for (const Target& target : assembly_.references.all(element, "navigableOwnedEnd"_n)) {
+        navigable.insert(target.node);
+    }
+    for (const NodeIndex index : assembly_.plan.endsOf(element.index())) {
+        const Element end = assembly_.tree.at(index);
+        // In UML 2, an end can be reached that belongs to the class at the other end, or that the association
+        // says so of.
+        const bool isNavigable = assembly_.dialect.isXmi2
+                                     ? end.node().parent != element.index() || navigable.contains(index)
+                                     : end.flag("isNavigable"_n);
+        addRole(association, end).setNavigable(isNavigable);
     }
     setAggregations(association, element);
 }
 
-void Relationships::addRole(ZORAssociation& association, Element element, Element end) {
+ZORAssociationRole& Relationships::addRole(ZORAssociation& association, Element end) {
     ZORAssociationRole& role = *association.addRole(std::make_unique<ZORAssociationRole>());
     assembly_.record(end, &role);
     role.setName(end.text("name"_n));
@@ -64,24 +74,10 @@ void Relationships::addRole(ZORAssociation& association, Element element, Elemen
     const Multiplicity multiplicity = multiplicityOf(assembly_, end);
     const bool isOne = multiplicity.text.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
     role.setMultiplicity(ZORString(isOne ? "1" : multiplicity.text));
-    role.setNavigable(isNavigable(element, end));
     role.setOrdered(end.flag("isOrdered"_n) || end.text("ordering"_n) == "ordered");
     role.setVisibility(visibilityOf(end));
     features_.addQualifiers(role, end);
-}
-
-/// In UML 2, an end can be reached that belongs to the class at the other end, or that the association says
-/// so of.
-bool Relationships::isNavigable(Element association, Element end) const {
-    if (!assembly_.dialect.isXmi2) {
-        return end.flag("isNavigable"_n);
-    }
-    if (end.node().parent != association.index()) {
-        return true;
-    }
-    const std::vector<Target> navigable = assembly_.references.all(association, "navigableOwnedEnd"_n);
-    return std::any_of(navigable.begin(), navigable.end(),
-                       [&](const Target& target) { return target.node == end.index(); });
+    return role;
 }
 
 /// UML 1 marks the end at the whole, UML 2 the one at the parts; the model marks the whole.
