@@ -50,9 +50,8 @@ struct DefaultValue {
 };
 constexpr DefaultValue DEFAULTS[] = {
     {"changeability", "changeable"}, {"changeable", "changeable"}, {"direction", "in"},
-    {"isSubstitutable", "true"},     {"isUnique", "true"},         {"ordering", "unordered"},
+    {"isNavigable", "true"},         {"kind", "return"},           {"ordering", "unordered"},
     {"ownerScope", "instance"},      {"targetScope", "instance"},  {"visibility", "public"},
-    {"isNavigable", "true"},         {"kind", "return"},
 };
 
 /// A parameter has no visibility of its own, whatever a tool writes.
@@ -61,8 +60,12 @@ bool isRedundant(Element element, std::string_view name) noexcept {
            std::find(std::begin(REDUNDANT), std::end(REDUNDANT), name) != std::end(REDUNDANT);
 }
 
+/// Flags that every element has unless it says otherwise; for all other flags that is news.
+constexpr std::string_view SET_FLAGS[] = {"isSubstitutable", "isUnique"};
+
 bool saysNothing(std::string_view name, std::string_view text) noexcept {
-    return text.empty() || text == "false" || text == "none" ||
+    const bool isSetFlag = std::find(std::begin(SET_FLAGS), std::end(SET_FLAGS), name) != std::end(SET_FLAGS);
+    return text.empty() || text == (isSetFlag ? "true" : "false") || text == "none" ||
            std::any_of(std::begin(DEFAULTS), std::end(DEFAULTS),
                        [&](const DefaultValue& row) { return row.name == name && row.value == text; });
 }

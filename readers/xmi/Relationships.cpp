@@ -57,10 +57,10 @@ void Relationships::addAssociation(ZORDesignPackage& package, Element element) {
     for (const NodeIndex index : assembly_.plan.endsOf(element.index())) {
         const Element end = assembly_.tree.at(index);
         // In UML 2, an end can be reached that belongs to the class at the other end, or that the association
-        // says so of.
-        const bool isNavigable = assembly_.dialect.isXmi2
-                                     ? end.node().parent != element.index() || navigable.contains(index)
-                                     : end.flag("isNavigable"_n);
+        // says so of. Some tools keep the flag of UML 1.
+        const bool belongsToClass = end.node().parent != element.index();
+        const bool isNavigable = end.flag("isNavigable"_n) ||
+                                 (assembly_.dialect.isXmi2 && (belongsToClass || navigable.contains(index)));
         addRole(association, end).setNavigable(isNavigable);
     }
     setAggregations(association, element);

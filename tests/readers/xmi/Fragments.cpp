@@ -135,6 +135,10 @@ Result read(const std::string& text, const std::string& name, const std::string&
     return result;
 }
 
+void PrintTo(const Case& shown, std::ostream* out) {
+    *out << shown.fact;
+}
+
 std::string caseName(const testing::TestParamInfo<Case>& info) {
     return info.param.fact;
 }

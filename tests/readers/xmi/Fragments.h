@@ -58,6 +58,8 @@ struct Case {
     std::string file;
     std::string expected;
 };
+/// For messages of the test framework.
+void PrintTo(const Case& shown, std::ostream* out);
 /// Names a parameterised test after its fact.
 std::string caseName(const testing::TestParamInfo<Case>& info);
 
