@@ -24,8 +24,11 @@ std::string_view tagOf(const Assembly& assembly, Element tagged) {
         }
     }
     const Target definition = assembly.references.first(tagged, "type"_n);
-    return definition.isFound() ? assembly.tree.at(definition.node).text("name"_n)
-                                : lastSegment(definition.label.empty() ? definition.text : definition.label);
+    if (definition.isFound()) {
+        assembly.tree.at(definition.node).markRead();
+        return assembly.tree.at(definition.node).text("name"_n);
+    }
+    return lastSegment(definition.label.empty() ? definition.text : definition.label);
 }
 
 std::string valueOf(Element tagged) {

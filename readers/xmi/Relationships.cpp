@@ -16,6 +16,12 @@ bool isAggregation(std::string_view word) noexcept {
     return word == "composite" || word == "shared" || word == "aggregate";
 }
 
+/// Whether what stands at an end of a line is meant as a number of objects: "0..*", "1", "2,4".
+bool looksLikeMultiplicity(std::string_view text) noexcept {
+    return text.find_first_of("0123456789*") != std::string_view::npos &&
+           text.find_first_not_of("0123456789*., n") == std::string_view::npos;
+}
+
 }  // namespace
 
 void Relationships::add(ZORDesignPackage& package, Element element) {
@@ -69,15 +75,24 @@ void Relationships::addAssociation(ZORDesignPackage& package, Element element) {
 ZORAssociationRole& Relationships::addRole(ZORAssociation& association, Element end) {
     ZORAssociationRole& role = *association.addRole(std::make_unique<ZORAssociationRole>());
     assembly_.record(end, &role);
-    role.setName(end.text("name"_n));
     role.setAssociatedClass(classOf(assembly_.plan.typeOf(end).node));
-    const Multiplicity multiplicity = multiplicityOf(assembly_, end);
-    const bool isOne = multiplicity.text.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
-    role.setMultiplicity(ZORString(isOne ? "1" : multiplicity.text));
+    setNameAndMultiplicity(role, end);
     role.setOrdered(end.flag("isOrdered"_n) || end.text("ordering"_n) == "ordered");
     role.setVisibility(visibilityOf(end));
     features_.addQualifiers(role, end);
     return role;
+}
+
+void Relationships::setNameAndMultiplicity(ZORAssociationRole& role, Element end) const {
+    const std::string_view name = end.text("name"_n);
+    std::string multiplicity = multiplicityOf(assembly_, end).text;
+    if (multiplicity.empty() && assembly_.dialect.namesAreDeclarations && looksLikeMultiplicity(name)) {
+        multiplicity = name;
+    } else {
+        role.setName(name);
+    }
+    const bool isOne = multiplicity.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
+    role.setMultiplicity(ZORString(isOne ? "1" : multiplicity));
 }
 
 /// UML 1 marks the end at the whole, UML 2 the one at the parts; the model marks the whole.

@@ -24,6 +24,7 @@ class Relationships {
   private:
     void addAssociation(ZORDesignPackage& package, Element element);
     ZORAssociationRole& addRole(ZORAssociation& association, Element end);
+    void setNameAndMultiplicity(ZORAssociationRole& role, Element end) const;
     void setAggregations(ZORAssociation& association, Element element);
     void addGeneralization(ZORDesignPackage& package, Element element);
     template <typename Relationship>

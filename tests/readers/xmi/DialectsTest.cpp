@@ -133,6 +133,21 @@ type bool SQL_BOOLEAN
 )"_lines);
 }
 
+TEST(XmiDialect, PlantUmlWritesMultiplicitiesAsNamesOfEnds) {
+    EXPECT_EQ(read(plantUml(cls12("A") + R"(<UML:Association xmi.id="j" name=""><UML:Association.connection>
+        <UML:AssociationEnd xmi.id="1" name="0..*" type="A"/><UML:AssociationEnd xmi.id="2" name="owner 1" type="A"/>
+        </UML:Association.connection></UML:Association>)"))
+                  .outline(),
+              R"(
+model PlantUML
+  package PlantUML
+    class A
+    association
+      role : A 0..*
+      role owner 1 : A
+)"_lines);
+}
+
 TEST(XmiDeclaration, OfAFeature) {
     const auto describe = [](const DeclaredFeature& feature) {
         return feature.name + "|" + feature.type + "|" + feature.defaultValue;
