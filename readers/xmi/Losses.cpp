@@ -25,12 +25,9 @@ constexpr std::string_view REDUNDANT[] = {
     "endType",
     "extendedElement",
     "generalization",
-    "isRoot",
-    "isSpecification",
     "label",
     "memberEnd",
     "namespace",
-    "nsPrefix",
     "owner",
     "owningAssociation",
     "relatedElement",
@@ -39,7 +36,6 @@ constexpr std::string_view REDUNDANT[] = {
     "supplierDependency",
     "toolId",
     "typedElement",
-    "URI",
     "interfaceRealization",
 };
 
