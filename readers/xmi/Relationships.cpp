@@ -16,6 +16,11 @@ bool isAggregation(std::string_view word) noexcept {
     return word == "composite" || word == "shared" || word == "aggregate";
 }
 
+/// For templates: clang 14 looks for the code of the literal's operator there, and there is none.
+std::string_view nameOf(Element element) noexcept {
+    return element.text("name"_n);
+}
+
 /// Whether what stands at an end of a line is meant as a number of objects: "0..*", "1", "2,4".
 bool looksLikeMultiplicity(std::string_view text) noexcept {
     return text.find_first_of("0123456789*") != std::string_view::npos &&
@@ -133,7 +138,7 @@ void Relationships::addDependencies(ZORDesignPackage& package, Element element) 
     ZORModelObject* first = nullptr;
     for (const auto& [client, supplier] : assembly_.plan.pairsOf(element.index())) {
         Relationship& added = *package.addModelElement(std::make_unique<Relationship>());
-        added.setName(element.text("name"_n));
+        added.setName(nameOf(element));
         added.setClient(classOf(client));
         added.setSupplier(classOf(supplier));
         if (first == nullptr) {

@@ -53,9 +53,15 @@ std::string trimMessage(const char* message) {
 
 }  // namespace
 
-XmlStream::XmlStream(std::string_view content) : content_(content) {
+XmlStream::StrayFaults::StrayFaults(Fault& fault) {
     static std::once_flag initialised;
     std::call_once(initialised, xmlInitParser);
+    handler_ = xmlStructuredError;
+    data_ = xmlStructuredErrorContext;
+    xmlSetStructuredErrorFunc(&fault, noteFault);
+}
+
+XmlStream::XmlStream(std::string_view content) : content_(content), strayFaults_(fault_) {
     checkProlog(content);
     if (content.size() > INT32_MAX) {
         throw SourceError(SourceError::Kind::CANNOT_READ, "is larger than 2 GiB");

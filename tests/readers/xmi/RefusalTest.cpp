@@ -73,6 +73,10 @@ const std::vector<Case> TEXTS = {
      eclipse(cls("Gr\xF6\xDF"
                  "e")),
      "line 3: there are bytes that are no text in the file's encoding, which is UTF-8"},
+    {"BytesThatTheEncodingLeavesFree",
+     "<?xml version=\"1.0\" encoding=\"windows-1252\"?>" +
+         SOUND.substr(SOUND.find('\n'), SOUND.find("uml:Class") - SOUND.find('\n')) + "\x81" + SOUND,
+     "there are bytes that are no text in the file's encoding, which is windows-1252"},
     {"AnEncodingThatNobodyKnows",
      "<?xml version=\"1.0\" encoding=\"klingon\"?>" + SOUND.substr(SOUND.find('\n')),
      "line 1: the encoding that the file declares, klingon, is not known here"},
