@@ -51,6 +51,8 @@ std::string trimMessage(const char* message) {
     return text;
 }
 
+void ignoreWords(void* /*data*/, const char* /*format*/, ...) {}
+
 }  // namespace
 
 XmlStream::StrayFaults::StrayFaults(Fault& fault) {
@@ -58,7 +60,16 @@ XmlStream::StrayFaults::StrayFaults(Fault& fault) {
     std::call_once(initialised, xmlInitParser);
     handler_ = xmlStructuredError;
     data_ = xmlStructuredErrorContext;
+    printer_ = xmlGenericError;
+    printerData_ = xmlGenericErrorContext;
     xmlSetStructuredErrorFunc(&fault, noteFault);
+    // What comes as plain words comes a second time as an error, or as a failure to go on.
+    xmlSetGenericErrorFunc(nullptr, ignoreWords);
+}
+
+XmlStream::StrayFaults::~StrayFaults() {
+    xmlSetGenericErrorFunc(printerData_, printer_);
+    xmlSetStructuredErrorFunc(data_, handler_);
 }
 
 XmlStream::XmlStream(std::string_view content) : content_(content), strayFaults_(fault_) {

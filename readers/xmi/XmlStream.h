@@ -40,18 +40,20 @@ class XmlStream {
         std::string text;
     };
 
-    /// While a stream lives, this thread's handler of errors that the parser cannot assign to a file, such as
-    /// those of converting an encoding. They would be printed otherwise.
+    /// While a stream lives, this thread's handlers of errors that the parser cannot assign to a file, such
+    /// as those of converting an encoding. They would be printed otherwise.
     class StrayFaults {
       public:
         explicit StrayFaults(Fault& fault);
-        ~StrayFaults() { xmlSetStructuredErrorFunc(data_, handler_); }
+        ~StrayFaults();
         StrayFaults(const StrayFaults&) = delete;
         StrayFaults& operator=(const StrayFaults&) = delete;
 
       private:
         xmlStructuredErrorFunc handler_ = nullptr;
         void* data_ = nullptr;
+        xmlGenericErrorFunc printer_ = nullptr;
+        void* printerData_ = nullptr;
     };
 
     static void noteFault(void* data, xmlErrorPtr error) noexcept;

@@ -4,6 +4,7 @@
 
 #include "Declarations.h"
 #include "Fragments.h"
+#include "Vocabularies.h"
 
 namespace xmi_test {
 namespace {
@@ -94,6 +95,29 @@ TEST(XmiDialect, PrefixesMeanNothing) {
         xmlns:u="http://www.eclipse.org/uml2/3.0.0/UML"><u:Model x:id="_m" name="m">
         <packagedElement x:type="u:Class" x:id="_A" name="A"/></u:Model></x:XMI>)";
     EXPECT_EQ(read(file).outline(), "model m\n  package m\n    class A\n");
+}
+
+TEST(XmiVocabulary, IsToldByTheFamilyOfTheNamespace) {
+    using readers::xmi::Vocabulary;
+    using readers::xmi::vocabularyOf;
+    for (const char* uri :
+         {"http://www.eclipse.org/uml2/5.0.0/UML", "http://www.omg.org/spec/UML/20131001",
+          "http://www.omg.org/spec/UML/20131001/uml.xml", "http://schema.omg.org/spec/UML/2.1.1/",
+          "org.omg.xmi.namespace.UML", "//org.omg/UML/1.3", "http://schema.omg.org/spec/UML/1.4"}) {
+        EXPECT_EQ(vocabularyOf(uri, "Class"), Vocabulary::UML) << uri;
+    }
+    for (const char* uri : {"http://www.omg.org/XMI", "http://www.omg.org/spec/XMI/20131001",
+                            "http://schema.omg.org/spec/XMI/2.1"}) {
+        EXPECT_EQ(vocabularyOf(uri, "XMI"), Vocabulary::XMI) << uri;
+    }
+    for (const char* uri :
+         {"http://example.org/NOTUML", "2.1", "/", "urn:x", "http://www.omg.org/spec/UMLX/1"}) {
+        EXPECT_EQ(vocabularyOf(uri, "Class"), Vocabulary::OTHER) << uri;
+    }
+    EXPECT_EQ(vocabularyOf("", "Foundation.Core.Class"), Vocabulary::UML);
+    EXPECT_EQ(vocabularyOf("", "XMI.content"), Vocabulary::XMI);
+    EXPECT_EQ(vocabularyOf("", "UML:Class"), Vocabulary::UML);
+    EXPECT_EQ(vocabularyOf("", "ownedAttribute"), Vocabulary::NONE);
 }
 
 TEST(XmiDialect, PlantUmlNamesPackagesThatItDoesNotDeclare) {
