@@ -1,5 +1,6 @@
 #include "Fragments.h"
 
+#include "Exports.h"
 #include "Outline.h"
 #include "ZORModelCheck.h"
 #include "xmi/XmiReader.h"
@@ -131,6 +132,9 @@ Result read(const std::string& text, const std::string& name, const std::string&
     result.losses = std::move(context.losses);
     for (const ZORString& fault : checkModel(*result.model)) {
         ADD_FAILURE() << fault.c_str();
+    }
+    if (!testing::Test::HasFailure()) {
+        exportInEveryView(*result.model);
     }
     return result;
 }

@@ -48,8 +48,8 @@ struct Result {
     std::string warningLines() const;
 };
 
-/// Reads the text with the reader; a model that the check of models refuses fails the test. Throws what the
-/// reader throws.
+/// Reads the text with the reader and exports it in every view; a model that the check of models refuses, or
+/// a document at fault, fails the test. Throws what the reader throws.
 Result read(const std::string& text, const std::string& name = "file.uml", const std::string& modelName = {});
 
 /// A fact and the file that shows it.
