@@ -27,6 +27,8 @@ struct Assembly {
     ZORModel& model;
     /// The object that each node has become; null for most nodes.
     std::vector<ZORModelObject*> objects;
+    /// The bytes of texts that stand in the file once and go to several objects.
+    std::size_t repeatedBytes = 0;
 
     /// Notes that the element has become the object.
     void record(Element element, ZORModelObject* object) {
@@ -40,14 +42,22 @@ struct Assembly {
         }
         return node == NO_NODE ? nullptr : objects[node];
     }
+    /// Accounts for a text that goes to one of several objects. Throws SourceError when a small file would
+    /// grow without bounds that way.
+    void spend(std::size_t bytes) {
+        constexpr std::size_t BYTES_PER_OBJECT = 100;
+        constexpr std::size_t MOST_BYTES = std::size_t{256} << 20;
+        repeatedBytes += bytes + BYTES_PER_OBJECT;
+        if (repeatedBytes > MOST_BYTES) {
+            throw SourceError(
+                SourceError::Kind::CANNOT_READ,
+                "the texts of comments, constraints and dependencies that are about many elements "
+                "come to more than 256 MB when each element gets its own");
+        }
+    }
     void lose(std::string kind, Element element, std::string detail = {}) const {
         context.losses.add(std::move(kind), element.path(), std::move(detail));
     }
 };
-
-/// Appends a text to another one, with a separator between them unless one is empty.
-inline ZORString joinTexts(const ZORString& first, std::string_view separator, std::string_view second) {
-    return first.isEmpty() ? ZORString(second) : second.empty() ? first : first + separator + second;
-}
 
 }  // namespace readers::xmi

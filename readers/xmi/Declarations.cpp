@@ -67,6 +67,10 @@ DeclaredOperation parseOperation(std::string_view text) {
     text = trim(text);
     const std::size_t open = text.find('(');
     const std::size_t close = open == std::string_view::npos ? open : findOutside(text, ')', open + 1);
+    if (open != std::string_view::npos && close == std::string_view::npos) {
+        operation.name = text;  // no declaration after all
+        return operation;
+    }
     if (close == std::string_view::npos) {
         const DeclaredFeature plain = parseFeature(text);
         operation.name = plain.name;

@@ -1,7 +1,7 @@
 #include "Diagrams.h"
 
-#include <algorithm>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace readers::xmi {
@@ -101,9 +101,10 @@ ZORDesignPackage* Diagrams::ownerOf(Element diagram) {
 }
 
 void Diagrams::fill(ZORDiagram& shown, ZORDesignPackage& package, Element diagram) {
-    std::vector<const ZORModelObject*> known;
+    std::unordered_set<const ZORModelObject*> known;
     std::size_t left = 0;
-    for (NodeIndex index = diagram.index(); index < endOf(diagram); ++index) {
+    const NodeIndex end = endOf(diagram);
+    for (NodeIndex index = diagram.index(); index < end; ++index) {
         const Element part = assembly_.tree.at(index);
         if (part.is("notewidget"_n)) {
             addNoteWidget(package, part);
@@ -115,10 +116,8 @@ void Diagrams::fill(ZORDiagram& shown, ZORDesignPackage& package, Element diagra
             }
             ZORModelObject* object = assembly_.objects[node];
             const bool isElement = object != nullptr && object->isInstanceOf(ZOR_MODEL_ELEMENT);
-            const bool isNew = std::find(known.begin(), known.end(), object) == known.end();
             left += isElement ? 0 : 1;
-            if (isElement && isNew) {
-                known.push_back(object);
+            if (isElement && known.insert(object).second) {
                 shown.addModelElement(object);
             }
         }

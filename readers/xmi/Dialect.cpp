@@ -10,7 +10,8 @@ namespace {
 constexpr Dialect DIALECTS[] = {
     {"Enterprise Architect", true, "Enterprise Architect", "", false, ZOR_ARGUMENT_IN, false, true},
     {"Eclipse UML2", true, "", "eclipse.org/uml2", true, ZOR_ARGUMENT_IN, false, false},
-    {"XMI 2", true, "", "", false, ZOR_ARGUMENT_IN, false, false},
+    {"StarUML", true, "StarUML", "", false, ZOR_ARGUMENT_IN, false, false},
+    {"XMI 2", true, "", "", true, ZOR_ARGUMENT_IN, false, false},
     {"Umbrello", false, "umbrello", "", false, ZOR_ARGUMENT_IN, false, false},
     {"PlantUML", false, "PlantUML", "", false, ZOR_ARGUMENT_NONE, true, false},
     {"Enterprise Architect", false, "Enterprise Architect", "", false, ZOR_ARGUMENT_IN, false, true},

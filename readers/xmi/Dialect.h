@@ -18,8 +18,8 @@ struct Dialect {
     bool unstatedMultiplicityIsOne;
     /// The direction of a parameter that has none.
     ZORArgumentType unstatedDirection;
-    /// Names of features are whole declarations ("id : int"), and `namespace` may name packages that are not
-    /// declared.
+    /// Names of features are whole declarations ("id : int"), those of ends may be multiplicities, and
+    /// `namespace` may name packages that are not declared.
     bool namesAreDeclarations;
     /// Undeclared ids of types hold the type's name behind a prefix ("EAJava_int").
     bool idsHoldTypeNames;

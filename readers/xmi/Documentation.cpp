@@ -24,8 +24,11 @@ std::string_view tagOf(const Assembly& assembly, Element tagged) {
         }
     }
     const Target definition = assembly.references.first(tagged, "type"_n);
-    return definition.isFound() ? assembly.tree.at(definition.node).text("name"_n)
-                                : lastSegment(definition.label.empty() ? definition.text : definition.label);
+    if (definition.isFound()) {
+        assembly.tree.at(definition.node).markRead();
+        return assembly.tree.at(definition.node).text("name"_n);
+    }
+    return lastSegment(definition.label.empty() ? definition.text : definition.label);
 }
 
 std::string valueOf(Element tagged) {
@@ -66,16 +69,16 @@ void Documentation::addAll() {
 
 void Documentation::describe(NodeIndex element, std::string_view text) {
     ZORModelObject* object = element == NO_NODE ? nullptr : assembly_.objects[element];
-    if (object == nullptr || text.empty() || object->getDescription() == text) {
+    if (object == nullptr || text.empty() || texts_.of(*object, TextOf::DESCRIPTION) == text) {
         return;
     }
     if (is(*object, ZOR_TYPE_VALUE)) {
         // No view writes what describes a value; the enumeration's comments are written.
         auto& type = *static_cast<ZORModelObject*>(object->getOwner());
         const std::string line = std::string(object->getName().view()) + ": " + std::string(text);
-        type.setComments(joinTexts(type.getComments(), "\n", line));
+        texts_.append(type, TextOf::COMMENTS, "\n", line);
     }
-    object->setDescription(joinTexts(object->getDescription(), "\n\n", text));
+    texts_.append(*object, TextOf::DESCRIPTION, "\n\n", text);
 }
 
 void Documentation::readDescription(Element element) {
@@ -157,19 +160,15 @@ std::vector<NodeIndex> Documentation::targetsOf(Element element, Name property) 
 
 std::vector<NodeIndex> Documentation::subjectsOf(Element about, Name property) const {
     std::vector<NodeIndex> subjects;
-    const auto addOnce = [&](NodeIndex node) {
-        if (node != NO_NODE && std::find(subjects.begin(), subjects.end(), node) == subjects.end()) {
-            subjects.push_back(node);
-        }
-    };
     for (const Target& target : assembly_.references.all(about, property)) {
-        addOnce(target.node);
+        subjects.push_back(target.node);
     }
     if (const auto found = backReferences_.find(about.index()); found != backReferences_.end()) {
-        std::for_each(found->second.begin(), found->second.end(), addOnce);
+        subjects.insert(subjects.end(), found->second.begin(), found->second.end());
     }
-    if (subjects.empty()) {
-        addOnce(about.node().parent);
+    keepEachOnce(subjects);
+    if (subjects.empty() && about.parent()) {
+        subjects.push_back(about.parent().index());
     }
     return subjects;
 }
@@ -185,6 +184,7 @@ void Documentation::readComment(Element comment) {
 
 /// What is not in the model passes its comments on to what it is about or stands in.
 void Documentation::annotate(NodeIndex element, const std::string& text) {
+    assembly_.spend(text.size());
     const Element subject = assembly_.tree.at(element);
     if (subject.is("Constraint"_n) && assembly_.objects[element] == nullptr) {
         for (const NodeIndex constrained : subjectsOf(subject, "constrainedElement"_n)) {
@@ -201,7 +201,7 @@ void Documentation::annotate(NodeIndex element, const std::string& text) {
     if (is(*object, ZOR_TYPE_VALUE)) {
         describe(element, text);
     } else if (keepsCommentsAsText(*object)) {
-        object->setComments(joinTexts(object->getComments(), "\n\n", text));
+        texts_.append(*object, TextOf::COMMENTS, "\n\n", text);
     } else {
         object->addNote(std::make_unique<ZORNote>(ZORString(text)));
     }
@@ -226,18 +226,15 @@ void Documentation::readConstraint(Element constraint) {
 }
 
 void Documentation::constrain(NodeIndex element, Element constraint, const std::string& text) {
+    assembly_.spend(text.size());
     ZORModelObject* object = assembly_.nearestObject(element);
     if (object == nullptr) {
         object = &assembly_.model;
     }
     if (is(*object, ZOR_OPERATION)) {
         constrainOperation(*static_cast<ZOROperation*>(object), constraint, text);
-    } else if (is(*object, ZOR_ASSOCIATION)) {
-        auto& association = *static_cast<ZORAssociation*>(object);
-        association.setConstraint(joinTexts(association.getConstraint(), "\n", text));
-    } else if (is(*object, ZOR_ASSOCIATION_ROLE)) {
-        auto& role = *static_cast<ZORAssociationRole*>(object);
-        role.setConstraint(joinTexts(role.getConstraint(), "\n", text));
+    } else if (is(*object, ZOR_ASSOCIATION) || is(*object, ZOR_ASSOCIATION_ROLE)) {
+        texts_.append(*object, TextOf::CONSTRAINT, "\n", text);
     } else {
         // The model has no place for it; UML shows it as a note in braces.
         annotate(element, "{" + text + "}");
@@ -251,11 +248,11 @@ void Documentation::constrainOperation(ZOROperation& operation, Element constrai
         return assembly_.stereotypes.carries(constraint.index(), word);
     };
     if (property == "precondition"_n || carries("precondition")) {
-        operation.setPrecondition(joinTexts(operation.getPrecondition(), "\n", text));
+        texts_.append(operation, TextOf::PRECONDITION, "\n", text);
     } else if (property == "postcondition"_n || carries("postcondition")) {
-        operation.setPostcondition(joinTexts(operation.getPostcondition(), "\n", text));
+        texts_.append(operation, TextOf::POSTCONDITION, "\n", text);
     } else if (property == "bodyCondition"_n) {
-        operation.setSemantics(joinTexts(operation.getSemantics(), "\n", text));
+        texts_.append(operation, TextOf::SEMANTICS, "\n", text);
     } else {
         operation.addNote(std::make_unique<ZORNote>(ZORString("{" + text + "}")));
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Assembly.h"
+#include "Texts.h"
 
 namespace readers::xmi {
 
@@ -18,6 +19,8 @@ class Documentation {
     void addAll();
     /// Adds a text to what describes the element's object, if it has one.
     void describe(NodeIndex element, std::string_view text);
+    /// Hands all texts over to the objects; nothing is added behind this.
+    void complete() { texts_.complete(); }
 
   private:
     void readDescription(Element element);
@@ -34,6 +37,7 @@ class Documentation {
     std::vector<NodeIndex> subjectsOf(Element about, Name property) const;
 
     Assembly& assembly_;
+    Texts texts_;
     /// Of comments and constraints: the elements that refer to them.
     std::unordered_map<NodeIndex, std::vector<NodeIndex>> backReferences_;
     /// Of constraints: the property by which an operation refers to them.

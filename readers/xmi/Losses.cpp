@@ -25,12 +25,9 @@ constexpr std::string_view REDUNDANT[] = {
     "endType",
     "extendedElement",
     "generalization",
-    "isRoot",
-    "isSpecification",
     "label",
     "memberEnd",
     "namespace",
-    "nsPrefix",
     "owner",
     "owningAssociation",
     "relatedElement",
@@ -39,7 +36,6 @@ constexpr std::string_view REDUNDANT[] = {
     "supplierDependency",
     "toolId",
     "typedElement",
-    "URI",
     "interfaceRealization",
 };
 
@@ -50,9 +46,8 @@ struct DefaultValue {
 };
 constexpr DefaultValue DEFAULTS[] = {
     {"changeability", "changeable"}, {"changeable", "changeable"}, {"direction", "in"},
-    {"isSubstitutable", "true"},     {"isUnique", "true"},         {"ordering", "unordered"},
+    {"isNavigable", "true"},         {"kind", "return"},           {"ordering", "unordered"},
     {"ownerScope", "instance"},      {"targetScope", "instance"},  {"visibility", "public"},
-    {"isNavigable", "true"},         {"kind", "return"},
 };
 
 /// A parameter has no visibility of its own, whatever a tool writes.
@@ -61,8 +56,12 @@ bool isRedundant(Element element, std::string_view name) noexcept {
            std::find(std::begin(REDUNDANT), std::end(REDUNDANT), name) != std::end(REDUNDANT);
 }
 
+/// Flags that every element has unless it says otherwise; for all other flags that is news.
+constexpr std::string_view SET_FLAGS[] = {"isSubstitutable", "isUnique"};
+
 bool saysNothing(std::string_view name, std::string_view text) noexcept {
-    return text.empty() || text == "false" || text == "none" ||
+    const bool isSetFlag = std::find(std::begin(SET_FLAGS), std::end(SET_FLAGS), name) != std::end(SET_FLAGS);
+    return text.empty() || text == (isSetFlag ? "true" : "false") || text == "none" ||
            std::any_of(std::begin(DEFAULTS), std::end(DEFAULTS),
                        [&](const DefaultValue& row) { return row.name == name && row.value == text; });
 }
@@ -119,8 +118,10 @@ void reportUnread(const Assembly& assembly) {
                                     element.parent().node().space == element.node().space;
         if (element.node().read) {
             reportValues(assembly, element);
-        } else if (!isPartOfUnread) {
+        } else if (element.isUml() && !isPartOfUnread) {
             assembly.lose(kindOfElement(assembly, element), element);
+        } else if (!isPartOfUnread) {
+            assembly.lose("elements of other vocabularies", element);
         }
     }
     reportExtensions(assembly);

@@ -65,6 +65,7 @@ void ModelAssembler::assemble() {
     Documentation documentation(assembly_);
     documentation.addAll();
     ToolExtensions(assembly_, documentation).read();
+    documentation.complete();
     Diagrams(assembly_, packages_).addAll();
     setStereotypes();
     completeCopies();
@@ -134,7 +135,7 @@ void ModelAssembler::addKeywords() {
         const KindRow* row = findKind(assembly_.tree.node(index).kind, assembly_.dialect.isXmi2);
         if (row != nullptr && !row->keyword.empty() &&
             (becomes == Becomes::CLASS || becomes == Becomes::DEPENDENCY || becomes == Becomes::PACKAGE)) {
-            assembly_.stereotypes.addFirst(index, row->keyword);
+            assembly_.stereotypes.addKeyword(index, row->keyword);
         }
     }
 }
@@ -164,7 +165,7 @@ void ModelAssembler::setStereotype(Element element, ZORModelObject& object) {
     const bool isType = object.isInstanceOf(ZOR_TYPE);
     const bool isValue = object.isInstanceOf(ZOR_TYPE_VALUE);
     const bool isRealization = object.isInstanceOf(ZOR_REALIZATION);
-    ZORString all;
+    std::string all;
     for (const std::string& name : assembly_.stereotypes.of(element.index())) {
         if (isType || isValue || isRealization) {
             assembly_.lose(isType    ? "stereotypes of data types"
@@ -172,14 +173,16 @@ void ModelAssembler::setStereotype(Element element, ZORModelObject& object) {
                                      : "stereotypes of realizations",
                            element, name);
         } else {
-            all = joinTexts(all, ", ", name);
+            all.append(all.empty() ? "" : ", ").append(name);
         }
     }
-    object.setStereotype(std::move(all));
+    object.setStereotype(ZORString(all));
 }
 
 void ModelAssembler::completeCopies() {
     for (const auto& [copy, original] : relationships_.copies()) {
+        assembly_.spend(original->getDescription().length() + original->getComments().length() +
+                        original->getStereotype().length());
         copy->setDescription(original->getDescription());
         copy->setComments(original->getComments());
         copy->setStereotype(original->getStereotype());
@@ -196,7 +199,7 @@ std::unique_ptr<ZORModel> assembleModel(Tree& tree, const References& references
     const ExternalNames externalNames(tree, references, dialect);
     const Plan plan(tree, references, externalNames, stereotypes, dialect, context.losses);
     auto model = std::make_unique<ZORModel>();
-    Assembly assembly{tree, references, stereotypes, externalNames, dialect, plan, context, *model, {}};
+    Assembly assembly{tree, references, stereotypes, externalNames, dialect, plan, context, *model, {}, 0};
     assembly.objects.resize(tree.size(), nullptr);
     std::string ownName;
     if (plan.model() != NO_NODE) {

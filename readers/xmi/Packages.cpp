@@ -50,10 +50,11 @@ ZORDesignPackage& Packages::mentioned(std::string_view path) {
     for (std::size_t start = 0; start < path.size();) {
         const std::size_t end = std::min(findSeparator(path, start), path.size());
         if (end > start) {
-            ZORDesignPackage*& package = mentioned_[std::string(path.substr(0, end))];
+            const std::string_view name = path.substr(start, end - start);
+            ZORDesignPackage*& package = mentioned_[{parent, name}];
             if (package == nullptr) {
                 package = parent->addChildPackage(std::make_unique<ZORDesignPackage>());
-                package->setName(path.substr(start, end - start));
+                package->setName(name);
             }
             parent = package;
         }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
+#include <map>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 
 #include "Assembly.h"
 
@@ -27,7 +27,7 @@ class Packages {
     Assembly& assembly_;
     ZORString looseName_;
     ZORDesignPackage* loose_ = nullptr;
-    std::unordered_map<std::string, ZORDesignPackage*> mentioned_;
+    std::map<std::pair<const ZORPackage*, std::string_view>, ZORDesignPackage*> mentioned_;
 };
 
 }  // namespace readers::xmi

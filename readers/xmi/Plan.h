@@ -41,6 +41,8 @@ class Plan {
 
     /// The ends of an association, at least two, each of them typed by a class; empty for everything else.
     const std::vector<NodeIndex>& endsOf(NodeIndex association) const;
+    /// The same for an association that the model cannot hold: its ends are what they are.
+    const std::vector<NodeIndex>& anyEndsOf(NodeIndex association) const;
     /// The association that a property is an end of, or NO_NODE.
     NodeIndex associationOf(NodeIndex property) const;
     /// The class that an end stands at.
@@ -88,10 +90,12 @@ class Plan {
     const Dialect& dialect_;
     LossReport& losses_;
     NodeIndex model_ = NO_NODE;
+    std::size_t pairCount_ = 0;
     std::vector<Becomes> becomes_;
     std::vector<NodeIndex> packages_;
     std::unordered_map<NodeIndex, std::string_view> mentionedPackages_;
     std::unordered_map<NodeIndex, std::vector<NodeIndex>> ends_;
+    std::unordered_map<NodeIndex, std::vector<NodeIndex>> endsOfLost_;
     std::unordered_map<NodeIndex, NodeIndex> associations_;
     std::unordered_map<NodeIndex, Pairs> pairs_;
     std::unordered_map<NodeIndex, NodeIndex> baseTypes_;

@@ -1,6 +1,6 @@
 // Which relationships the model can hold, and between what.
 
-#include <algorithm>
+#include <unordered_set>
 
 #include "Cycles.h"
 #include "Plan.h"
@@ -14,11 +14,9 @@ bool isProperty(Element element) noexcept {
     return element.is("Property"_n) || element.is("Port"_n);
 }
 
-void addOnce(std::vector<NodeIndex>& list, NodeIndex node) {
-    if (node != NO_NODE && std::find(list.begin(), list.end(), node) == list.end()) {
-        list.push_back(node);
-    }
-}
+/// More relationships than this from those that join many classes with many are no model, and would not fit
+/// into memory.
+constexpr std::size_t MOST_PAIRS = 1'000'000;
 
 }  // namespace
 
@@ -42,22 +40,23 @@ void Plan::collectEnds() {
         if (element.isUml() && isProperty(element) && element.has("association"_n)) {
             const Target association = references_.first(element, "association"_n);
             if (const auto found = ends.find(association.node); found != ends.end()) {
-                addOnce(found->second, index);
+                found->second.push_back(index);
             }
         }
     }
     for (const NodeIndex association : associations) {
+        keepEachOnce(ends[association]);
         decideAssociation(association, std::move(ends[association]));
     }
 }
 
 void Plan::addEnds(Element association, std::vector<NodeIndex>& ends) const {
     for (const Target& target : references_.all(association, "memberEnd"_n)) {
-        addOnce(ends, target.node);
+        ends.push_back(target.node);
     }
     for (const Element child : association) {
         if (child.is("AssociationEnd"_n) || (child.role() == "ownedEnd"_n && isProperty(child))) {
-            addOnce(ends, child.index());
+            ends.push_back(child.index());
         }
     }
 }
@@ -81,6 +80,7 @@ void Plan::decideAssociation(NodeIndex association, std::vector<NodeIndex> ends)
             }
         }
     }
+    endsOfLost_.emplace(association, std::move(ends));
 }
 
 /// Empty when every end stands at a class.
@@ -120,11 +120,10 @@ void Plan::lose(Element relationship, std::string_view what, const std::string& 
 
 std::vector<Target> Plan::targetsOf(Element relationship, std::initializer_list<Name> names) const {
     std::vector<Target> targets;
+    std::unordered_set<std::string_view> known;
     for (const Name name : names) {
         for (const Target& target : references_.all(relationship, name)) {
-            const bool isNew = std::none_of(targets.begin(), targets.end(),
-                                            [&](const Target& known) { return known.text == target.text; });
-            if (isNew) {
+            if (known.insert(target.text).second) {
                 targets.push_back(target);
             }
         }
@@ -193,6 +192,13 @@ void Plan::decideGeneralization(Element generalization, const Target& child, con
 
 void Plan::decideDependency(Element dependency, const std::vector<Target>& clients,
                             const std::vector<Target>& suppliers) {
+    pairCount_ += clients.size() * suppliers.size();
+    if (pairCount_ > MOST_PAIRS) {
+        throw SourceError(SourceError::Kind::CANNOT_READ,
+                          dependency.path() +
+                              ": the dependencies of several clients and suppliers come to more than " +
+                              std::to_string(MOST_PAIRS) + " relationships between classes");
+    }
     Pairs pairs;
     std::string reason = suppliers.empty() ? describe({}) : "";
     for (const Target& client : clients) {
@@ -241,6 +247,11 @@ const std::vector<NodeIndex>& Plan::endsOf(NodeIndex association) const {
     static const std::vector<NodeIndex> NO_ENDS;
     const auto found = ends_.find(association);
     return found == ends_.end() ? NO_ENDS : found->second;
+}
+
+const std::vector<NodeIndex>& Plan::anyEndsOf(NodeIndex association) const {
+    const auto found = endsOfLost_.find(association);
+    return found == endsOfLost_.end() ? endsOf(association) : found->second;
 }
 
 NodeIndex Plan::associationOf(NodeIndex property) const {

@@ -19,6 +19,17 @@ constexpr Name TEMPLATE_ROLES[] = {
 /// Packages nested deeper than this are refused, whichever way they are nested.
 constexpr std::size_t DEEPEST_PACKAGE = 250;
 
+[[noreturn]] void throwTooDeep() {
+    throw SourceError(
+        SourceError::Kind::CANNOT_READ,
+        "packages are nested deeper than " + std::to_string(DEEPEST_PACKAGE) + " levels, the most permitted");
+}
+
+/// In a path such as "a.b" or "a::b".
+bool isPathSeparator(char character) noexcept {
+    return character == '.' || character == ':';
+}
+
 bool isFeature(Element element) noexcept {
     switch (element.kind()) {
         case "Attribute"_n:
@@ -180,6 +191,10 @@ void Plan::placeByNamespace(Element element) {
     }
     if (!target.isFound()) {
         if (dialect_.namesAreDeclarations) {
+            const auto depth = std::count_if(target.text.begin(), target.text.end(), isPathSeparator);
+            if (static_cast<std::size_t>(depth) >= DEEPEST_PACKAGE) {
+                throwTooDeep();
+            }
             mentionedPackages_[element.index()] = target.text;
         }
         return;
@@ -203,9 +218,7 @@ void Plan::checkNesting() const {
         std::size_t depth = 1;
         for (NodeIndex at = package; at != NO_NODE; at = packages_[at]) {
             if (++depth > DEEPEST_PACKAGE) {
-                throw SourceError(SourceError::Kind::CANNOT_READ, "packages are nested deeper than " +
-                                                                      std::to_string(DEEPEST_PACKAGE) +
-                                                                      " levels, the most permitted");
+                throwTooDeep();
             }
         }
     }

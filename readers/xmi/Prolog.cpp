@@ -62,11 +62,9 @@ std::string plainHead(std::string_view content) {
 }
 
 std::size_t findRootElement(std::string_view head) noexcept {
-    std::size_t at = skipProlog(head);
-    if (at != std::string_view::npos && head.substr(at).starts_with("<!DOCTYPE")) {
-        at = head.find('<', at + 1);
-    }
-    return at != std::string_view::npos && head[at] == '<' ? at : std::string_view::npos;
+    const std::size_t at = skipProlog(head);
+    const bool isElement = at != std::string_view::npos && head[at] == '<' && head.substr(at, 2) != "<!";
+    return isElement ? at : std::string_view::npos;
 }
 
 void checkProlog(std::string_view content) {

@@ -1,6 +1,6 @@
 #include "Relationships.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 #include "Expressions.h"
 
@@ -14,6 +14,17 @@ constexpr int SHARED = 1;
 
 bool isAggregation(std::string_view word) noexcept {
     return word == "composite" || word == "shared" || word == "aggregate";
+}
+
+/// For templates: clang 14 looks for the code of the literal's operator there, and there is none.
+std::string_view nameOf(Element element) noexcept {
+    return element.text("name"_n);
+}
+
+/// Whether what stands at an end of a line is meant as a number of objects: "0..*", "1", "2,4".
+bool looksLikeMultiplicity(std::string_view text) noexcept {
+    return text.find_first_of("0123456789*") != std::string_view::npos &&
+           text.find_first_not_of("0123456789*., n") == std::string_view::npos;
 }
 
 }  // namespace
@@ -50,38 +61,43 @@ void Relationships::addAssociation(ZORDesignPackage& package, Element element) {
     } else {
         assembly_.record(element, &association);
     }
-    for (const NodeIndex end : assembly_.plan.endsOf(element.index())) {
-        addRole(association, element, assembly_.tree.at(end));
+    std::unordered_set<NodeIndex> navigable;
+    for (const Target& target : assembly_.references.all(element, "navigableOwnedEnd"_n)) {
+        navigable.insert(target.node);
+    }
+    for (const NodeIndex index : assembly_.plan.endsOf(element.index())) {
+        const Element end = assembly_.tree.at(index);
+        // In UML 2, an end can be reached that belongs to the class at the other end, or that the association
+        // says so of. Some tools keep the flag of UML 1.
+        const bool belongsToClass = end.node().parent != element.index();
+        const bool isNavigable = end.flag("isNavigable"_n) ||
+                                 (assembly_.dialect.isXmi2 && (belongsToClass || navigable.contains(index)));
+        addRole(association, end).setNavigable(isNavigable);
     }
     setAggregations(association, element);
 }
 
-void Relationships::addRole(ZORAssociation& association, Element element, Element end) {
+ZORAssociationRole& Relationships::addRole(ZORAssociation& association, Element end) {
     ZORAssociationRole& role = *association.addRole(std::make_unique<ZORAssociationRole>());
     assembly_.record(end, &role);
-    role.setName(end.text("name"_n));
     role.setAssociatedClass(classOf(assembly_.plan.typeOf(end).node));
-    const Multiplicity multiplicity = multiplicityOf(assembly_, end);
-    const bool isOne = multiplicity.text.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
-    role.setMultiplicity(ZORString(isOne ? "1" : multiplicity.text));
-    role.setNavigable(isNavigable(element, end));
+    setNameAndMultiplicity(role, end);
     role.setOrdered(end.flag("isOrdered"_n) || end.text("ordering"_n) == "ordered");
     role.setVisibility(visibilityOf(end));
     features_.addQualifiers(role, end);
+    return role;
 }
 
-/// In UML 2, an end can be reached that belongs to the class at the other end, or that the association says
-/// so of.
-bool Relationships::isNavigable(Element association, Element end) const {
-    if (!assembly_.dialect.isXmi2) {
-        return end.flag("isNavigable"_n);
+void Relationships::setNameAndMultiplicity(ZORAssociationRole& role, Element end) const {
+    const std::string_view name = end.text("name"_n);
+    std::string multiplicity = multiplicityOf(assembly_, end).text;
+    if (multiplicity.empty() && assembly_.dialect.namesAreDeclarations && looksLikeMultiplicity(name)) {
+        multiplicity = name;
+    } else {
+        role.setName(name);
     }
-    if (end.node().parent != association.index()) {
-        return true;
-    }
-    const std::vector<Target> navigable = assembly_.references.all(association, "navigableOwnedEnd"_n);
-    return std::any_of(navigable.begin(), navigable.end(),
-                       [&](const Target& target) { return target.node == end.index(); });
+    const bool isOne = multiplicity.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
+    role.setMultiplicity(ZORString(isOne ? "1" : multiplicity));
 }
 
 /// UML 1 marks the end at the whole, UML 2 the one at the parts; the model marks the whole.
@@ -122,7 +138,7 @@ void Relationships::addDependencies(ZORDesignPackage& package, Element element) 
     ZORModelObject* first = nullptr;
     for (const auto& [client, supplier] : assembly_.plan.pairsOf(element.index())) {
         Relationship& added = *package.addModelElement(std::make_unique<Relationship>());
-        added.setName(element.text("name"_n));
+        added.setName(nameOf(element));
         added.setClient(classOf(client));
         added.setSupplier(classOf(supplier));
         if (first == nullptr) {

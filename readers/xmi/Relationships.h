@@ -23,8 +23,8 @@ class Relationships {
 
   private:
     void addAssociation(ZORDesignPackage& package, Element element);
-    void addRole(ZORAssociation& association, Element element, Element end);
-    bool isNavigable(Element association, Element end) const;
+    ZORAssociationRole& addRole(ZORAssociation& association, Element end);
+    void setNameAndMultiplicity(ZORAssociationRole& role, Element end) const;
     void setAggregations(ZORAssociation& association, Element element);
     void addGeneralization(ZORDesignPackage& package, Element element);
     template <typename Relationship>

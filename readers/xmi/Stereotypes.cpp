@@ -48,35 +48,50 @@ Stereotypes::Stereotypes(Tree& tree, const References& references, LossReport& l
     }
 }
 
+bool Stereotypes::ComesBefore::operator()(std::string_view a, std::string_view b) const noexcept {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](char x, char y) { return toSmall(x) < toSmall(y); });
+}
+
 void Stereotypes::add(NodeIndex element, std::string_view name) {
     if (!name.empty() && !carries(element, name)) {
-        std::vector<std::string>& names = names_[element];
-        names.emplace(std::upper_bound(names.begin(), names.end(), name), name);
+        names_[element].others.emplace(name);
     }
 }
 
-void Stereotypes::addFirst(NodeIndex element, std::string_view name) {
-    if (!carries(element, name)) {
-        std::vector<std::string>& names = names_[element];
-        names.emplace(names.begin(), name);
+void Stereotypes::addKeyword(NodeIndex element, std::string_view word) {
+    if (!carries(element, word)) {
+        names_[element].keyword = word;
     }
 }
 
-const std::vector<std::string>& Stereotypes::of(NodeIndex element) const {
-    static const std::vector<std::string> NOTHING;
-    const auto found = names_.find(element);
-    return found == names_.end() ? NOTHING : found->second;
+std::vector<std::string> Stereotypes::of(NodeIndex element) const {
+    std::vector<std::string> all;
+    if (const auto found = names_.find(element); found != names_.end()) {
+        const Names& names = found->second;
+        all.assign(names.others.begin(), names.others.end());
+        if (!names.keyword.empty()) {
+            all.insert(all.begin(), names.keyword);
+        }
+    }
+    return all;
 }
 
 bool Stereotypes::carries(NodeIndex element, std::string_view name) const {
-    const std::vector<std::string>& names = of(element);
-    return std::any_of(names.begin(), names.end(),
-                       [&](const std::string& carried) { return isSameWord(carried, name); });
+    const auto found = names_.find(element);
+    return found != names_.end() &&
+           (isSameWord(found->second.keyword, name) || found->second.others.contains(name));
 }
 
 void Stereotypes::remove(NodeIndex element, std::string_view name) {
     if (const auto found = names_.find(element); found != names_.end()) {
-        std::erase_if(found->second, [&](const std::string& carried) { return isSameWord(carried, name); });
+        Names& names = found->second;
+        if (isSameWord(names.keyword, name)) {
+            names.keyword.clear();
+        }
+        if (const auto other = names.others.find(name); other != names.others.end()) {
+            names.others.erase(other);
+        }
     }
 }
 
@@ -103,7 +118,9 @@ void Stereotypes::readReferences(Element element) {
             continue;
         }
         const Element stereotype = tree_.at(target.node);
-        stereotype.markAllRead();
+        if (!stereotype.node().read) {
+            stereotype.markAllRead();
+        }
         add(element.index(), stereotype.text("name"_n));
     }
 }

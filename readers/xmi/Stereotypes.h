@@ -22,10 +22,10 @@ class Stereotypes {
 
     /// Does nothing when the element carries it already, letter case aside.
     void add(NodeIndex element, std::string_view name);
-    /// The same, in front of the others.
-    void addFirst(NodeIndex element, std::string_view name);
+    /// The same for the one word that UML has for the element's kind; it stands in front of the others.
+    void addKeyword(NodeIndex element, std::string_view word);
     /// A keyword first, the others in alphabetical order: the order in which they were applied means nothing.
-    const std::vector<std::string>& of(NodeIndex element) const;
+    std::vector<std::string> of(NodeIndex element) const;
     bool carries(NodeIndex element, std::string_view name) const;
     void remove(NodeIndex element, std::string_view name);
     /// Whether an applied stereotype brings the element a tagged value of that name.
@@ -36,6 +36,16 @@ class Stereotypes {
     std::vector<NodeIndex> carriers() const;
 
   private:
+    /// Alphabetical, letter case aside.
+    struct ComesBefore {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const noexcept;
+    };
+    struct Names {
+        std::string keyword;
+        std::set<std::string, ComesBefore> others;
+    };
+
     void readReferences(Element element);
     void readDefinition(Element stereotype);
     void readKeywords(Element annotation);
@@ -47,7 +57,7 @@ class Stereotypes {
     Tree& tree_;
     const References& references_;
     LossReport& losses_;
-    std::unordered_map<NodeIndex, std::vector<std::string>> names_;
+    std::unordered_map<NodeIndex, Names> names_;
     std::set<std::pair<NodeIndex, std::string_view>> taggedValues_;
 };
 

@@ -98,7 +98,10 @@ void ToolExtensions::readConnectorEnd(Element connector, Element end) {
 
 /// The end of the association that the connector's end stands for: told by its id, else by its class.
 NodeIndex ToolExtensions::findEnd(NodeIndex association, Element end) const {
-    const std::vector<NodeIndex>& ends = assembly_.plan.endsOf(association);
+    const std::vector<NodeIndex>& ends = assembly_.plan.anyEndsOf(association);
+    if (ends.size() > 2) {
+        return NO_NODE;  // a connector has two
+    }
     for (const NodeIndex candidate : ends) {
         if (assembly_.tree.node(candidate).id.starts_with(beginningOfEndId(end))) {
             return candidate;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
+#include <unordered_set>
 
 #include "Wording.h"
 
@@ -11,9 +12,28 @@ namespace readers::xmi {
 namespace {
 
 constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20;
-constexpr std::size_t MOST_PATH_PARTS = 300;
+
+/// Paths stay short enough for a message, whatever names a file makes up.
+constexpr std::size_t MOST_PATH_PARTS = 32;
+constexpr std::size_t LONGEST_PATH_PART = 120;
+
+std::string shorten(std::string_view name) {
+    if (name.size() <= LONGEST_PATH_PART) {
+        return std::string(name);
+    }
+    std::size_t end = LONGEST_PATH_PART;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) {
+        --end;  // not inside a character
+    }
+    return std::string(name.substr(0, end)) + "...";
+}
 
 }  // namespace
+
+void keepEachOnce(std::vector<NodeIndex>& nodes) {
+    std::unordered_set<NodeIndex> known{NO_NODE};
+    std::erase_if(nodes, [&](NodeIndex node) { return !known.insert(node).second; });
+}
 
 NodeIndex Tree::addNode(NodeIndex parent, Name kind, Name role, Space space, std::uint32_t line) {
     if (nodes_.size() >= NO_NODE) {
@@ -84,7 +104,7 @@ std::string Tree::pathOf(NodeIndex node) const {
     }
     std::string path;
     for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-        path.append(path.empty() ? "" : ".").append(*part);
+        path.append(path.empty() ? "" : ".").append(shorten(*part));
     }
     if (nameOf(node).empty()) {
         path.append(path.empty() ? "" : ".").append("(unnamed ").append(kindOf(node)).append(")");

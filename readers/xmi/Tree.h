@@ -17,6 +17,9 @@ namespace readers::xmi {
 using NodeIndex = std::uint32_t;
 inline constexpr NodeIndex NO_NODE = UINT32_MAX;
 
+/// Leaves of each node the first one, in their order, and of NO_NODE none.
+void keepEachOnce(std::vector<NodeIndex>& nodes);
+
 /// What an element of the file belongs to.
 enum class Space : std::uint8_t {
     UML,        ///< the model

@@ -83,7 +83,6 @@ void Types::addLiteral(ZORType& type, Element literal) {
 
 /// A derived type whose own name says nothing has the data type of what it is based on.
 void Types::deriveFromBases() {
-    constexpr int MOST_STEPS = 1000;
     std::vector<ZORDerivedType*> derived;
     for (NodeIndex index = 0; index < assembly_.tree.size(); ++index) {
         const NodeIndex base = assembly_.plan.isType(index) ? assembly_.plan.baseTypeOf(index) : NO_NODE;
@@ -92,15 +91,34 @@ void Types::deriveFromBases() {
             derived.back()->setBaseType(typesOfNodes_.at(base));
         }
     }
+    std::unordered_map<const ZORType*, std::string> decided;
+    for (const ZORDerivedType* type : derived) {
+        decideDataType(*type, decided);
+    }
     for (ZORDerivedType* type : derived) {
-        const ZORType* at = type;
-        for (int step = 0; step < MOST_STEPS && at->getBaseType() != nullptr; ++step) {
-            at = dataTypeOfPrimitive(at->getName()).empty() ? at->getBaseType() : at;
-        }
         if (type->getTypeValueCount() == 0) {
-            const std::string_view known = dataTypeOfPrimitive(at->getName());
-            type->setDataType(known.empty() ? at->getName().view() : known);
+            type->setDataType(ZORString(decided.at(type)));
         }
+    }
+}
+
+/// Decides for the type and all that it is derived from, whose data type is the same.
+void Types::decideDataType(const ZORType& type, std::unordered_map<const ZORType*, std::string>& decided) {
+    std::vector<const ZORType*> below;
+    const ZORType* at = &type;
+    while (!decided.contains(at) && at->getBaseType() != nullptr &&
+           dataTypeOfPrimitive(at->getName()).empty()) {
+        below.push_back(at);
+        at = at->getBaseType();
+    }
+    const auto [found, isNew] = decided.try_emplace(at);
+    if (isNew) {
+        const std::string_view known = dataTypeOfPrimitive(at->getName());
+        found->second = known.empty() ? at->getName().view() : known;
+    }
+    const std::string result = found->second;
+    for (const ZORType* derived : below) {
+        decided.emplace(derived, result);
     }
 }
 

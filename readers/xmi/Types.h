@@ -31,6 +31,7 @@ class Types {
     void addLiterals(ZORType& type, Element enumeration);
     void addLiteral(ZORType& type, Element literal);
     void deriveFromBases();
+    static void decideDataType(const ZORType& type, std::unordered_map<const ZORType*, std::string>& decided);
     ZORType* ofTarget(const Target& target, Element typed);
     ZORType* ofNode(NodeIndex node, Element typed);
     ZORType* classType(NodeIndex cls);

@@ -33,7 +33,7 @@ std::string_view withoutVersion(std::string_view uri) noexcept {
     const std::size_t slash = uri.rfind('/');
     const std::string_view tail = slash == std::string_view::npos ? uri : uri.substr(slash + 1);
     if (!tail.empty() && std::all_of(tail.begin(), tail.end(), isVersionCharacter)) {
-        uri.remove_suffix(tail.size() + 1);
+        uri.remove_suffix(std::min(uri.size(), tail.size() + 1));
     }
     removeSuffix(uri, "/");
     return uri;

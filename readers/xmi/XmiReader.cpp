@@ -26,15 +26,17 @@ Root findRoot(std::string_view head) noexcept {
     return {name.substr(name.find(':') + 1), tag};
 }
 
-bool hasModelExtension(const Source& source) noexcept {
-    return source.name().ends_with(".xmi") || source.name().ends_with(".uml");
-}
-
-/// Whether nothing but comments fits into what is known of the file's beginning.
-bool rootIsBeyond(std::string_view head) noexcept {
+/// Whether a file of one of the usual names may be meant as a model, though its content does not show it.
+/// What begins like a script or a document of another kind is left to others.
+bool isNamedLikeModel(const Source& source, std::string_view head) noexcept {
     const std::size_t start = head.find_first_not_of(" \t\r\n");
-    return start != std::string_view::npos && head[start] == '<' &&
-           xmi::findRootElement(head) == std::string_view::npos;
+    if (start == std::string_view::npos ||
+        !(source.name().ends_with(".xmi") || source.name().ends_with(".uml"))) {
+        return false;
+    }
+    const char first = head[start];
+    const bool isWord = (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
+    return !isWord && std::string_view("{[(-/\"").find(first) == std::string_view::npos;
 }
 
 class XmiReader : public Reader {
@@ -61,7 +63,7 @@ class XmiReader : public Reader {
             (mentions("eclipse.org/uml2") && mentions("/UML"))) {
             return true;
         }
-        return rootIsBeyond(head) && hasModelExtension(source);
+        return isNamedLikeModel(source, head);
     }
 
     std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,

@@ -34,6 +34,13 @@ std::string inLine(int line, std::string text) {
     return line > 0 ? "line " + std::to_string(line) + ": " + std::move(text) : text;
 }
 
+[[noreturn]] void throwTooDeep(int line) {
+    throw SourceError(
+        SourceError::Kind::CANNOT_READ,
+        inLine(line, "elements are nested deeper than " + std::to_string(XmlStream::DEEPEST_ELEMENT) +
+                         " levels, the most permitted"));
+}
+
 /// The parser's own words as the rest of a sentence.
 std::string trimMessage(const char* message) {
     std::string text = message == nullptr ? "" : message;
@@ -44,11 +51,28 @@ std::string trimMessage(const char* message) {
     return text;
 }
 
+void ignoreWords(void* /*data*/, const char* /*format*/, ...) {}
+
 }  // namespace
 
-XmlStream::XmlStream(std::string_view content) : content_(content) {
+XmlStream::StrayFaults::StrayFaults(Fault& fault) {
     static std::once_flag initialised;
     std::call_once(initialised, xmlInitParser);
+    handler_ = xmlStructuredError;
+    data_ = xmlStructuredErrorContext;
+    printer_ = xmlGenericError;
+    printerData_ = xmlGenericErrorContext;
+    xmlSetStructuredErrorFunc(&fault, noteFault);
+    // What comes as plain words comes a second time as an error, or as a failure to go on.
+    xmlSetGenericErrorFunc(nullptr, ignoreWords);
+}
+
+XmlStream::StrayFaults::~StrayFaults() {
+    xmlSetGenericErrorFunc(printerData_, printer_);
+    xmlSetStructuredErrorFunc(data_, handler_);
+}
+
+XmlStream::XmlStream(std::string_view content) : content_(content), strayFaults_(fault_) {
     checkProlog(content);
     if (content.size() > INT32_MAX) {
         throw SourceError(SourceError::Kind::CANNOT_READ, "is larger than 2 GiB");
@@ -92,10 +116,7 @@ XmlStream::Event XmlStream::next() {
         switch (xmlTextReaderNodeType(reader_.get())) {
             case XML_READER_TYPE_ELEMENT:
                 if (xmlTextReaderDepth(reader_.get()) >= DEEPEST_ELEMENT) {
-                    throw SourceError(SourceError::Kind::CANNOT_READ,
-                                      inLine(static_cast<int>(line()), "elements are nested deeper than " +
-                                                                           std::to_string(DEEPEST_ELEMENT) +
-                                                                           " levels, the most permitted"));
+                    throwTooDeep(static_cast<int>(line()));
                 }
                 endIsDue_ = xmlTextReaderIsEmptyElement(reader_.get()) == 1;
                 return Event::START;
@@ -124,18 +145,21 @@ std::uint32_t XmlStream::line() const noexcept {
 
 void XmlStream::throwFault() const {
     constexpr auto CANNOT_READ = SourceError::Kind::CANNOT_READ;
+    if (fault_.text.starts_with("Excessive depth")) {
+        throwTooDeep(fault_.line);
+    }
     if (isOneOf(UNKNOWN_ENCODING_CODES, fault_.code)) {
-        throw SourceError(
-            CANNOT_READ,
-            inLine(fault_.line, "the file declares an encoding that is not known here: " + fault_.text),
-            "save it as UTF-8");
+        throw SourceError(CANNOT_READ,
+                          inLine(fault_.line, "the encoding that the file declares, " +
+                                                  declaredEncoding(content_) + ", is not known here"),
+                          "save it as UTF-8");
     }
     if (isOneOf(ENCODING_CODES, fault_.code)) {
         throw SourceError(
             CANNOT_READ,
             inLine(fault_.line, "there are bytes that are no text in the file's encoding, which is " +
                                     declaredEncoding(content_)),
-            "the first line of the file declares its encoding");
+            "save it in that encoding, or let its first line declare the one that it has");
     }
     if (isOneOf(CUT_OFF_CODES, fault_.code) || endsInTheMiddle(content_)) {
         throw SourceError(CANNOT_READ, inLine(fault_.line, "the file ends in the middle of an element"),

@@ -40,15 +40,32 @@ class XmlStream {
         std::string text;
     };
 
+    /// While a stream lives, this thread's handlers of errors that the parser cannot assign to a file, such
+    /// as those of converting an encoding. They would be printed otherwise.
+    class StrayFaults {
+      public:
+        explicit StrayFaults(Fault& fault);
+        ~StrayFaults();
+        StrayFaults(const StrayFaults&) = delete;
+        StrayFaults& operator=(const StrayFaults&) = delete;
+
+      private:
+        xmlStructuredErrorFunc handler_ = nullptr;
+        void* data_ = nullptr;
+        xmlGenericErrorFunc printer_ = nullptr;
+        void* printerData_ = nullptr;
+    };
+
     static void noteFault(void* data, xmlErrorPtr error) noexcept;
     bool advance();
     [[noreturn]] void throwFault() const;
 
     std::string_view content_;
+    Fault fault_;
+    StrayFaults strayFaults_;
     std::unique_ptr<xmlTextReader, ReaderCloser> reader_;
     xmlNode* node_ = nullptr;
     bool endIsDue_ = false;  ///< an element without content has had its start
-    Fault fault_;
 };
 
 /// A name or text of the parser's as what it is: UTF-8.

@@ -53,13 +53,14 @@ void readLine(const std::string& line, Case& result) {
 }
 
 std::string findSource(const std::string& folder) {
-    for (const char* name : {"/model.model.json", "/schema.sql"}) {
+    for (const char* name : {"/model.model.json", "/model.uml", "/model.xmi", "/schema.sql"}) {
         if (std::filesystem::exists(folder + name)) {
             return folder + name;
         }
     }
-    throw std::runtime_error(folder +
-                             ": neither model.model.json nor schema.sql, and no @source in case.txt");
+    throw std::runtime_error(
+        folder +
+        ": none of model.model.json, model.uml, model.xmi and schema.sql, and no @source in case.txt");
 }
 
 }  // namespace

@@ -156,6 +156,27 @@ TEST_F(ExitCode, Is6WhenThereIsNoTableOrClass) {
     EXPECT_EQ(run(scratch, {"inspect", "sql:empty.sql", "--allow-empty"}).exitCode, 0);
 }
 
+TEST_F(ExitCode, Is6WithTheReasonWhenAUmlModelHasNoClass) {
+    scratch.write("empty.uml",
+                  R"(<uml:Model xmi:version="2.1" xmlns:xmi="http://schema.omg.org/spec/XMI/2.1"
+                  xmlns:uml="http://schema.omg.org/spec/UML/2.1" name="m"/>)");
+    const Result result = run(scratch, {"export", "empty.uml", "out.xml"});
+    EXPECT_EQ(result.exitCode, 6);
+    EXPECT_EQ(result.err,
+              "oimbridge: warning: empty.uml: m: there is no class in the model, nor a data type\n"
+              "oimbridge: error: empty.uml: there is no table or class in it\n"
+              "hint: --allow-empty accepts that\n");
+    EXPECT_FALSE(scratch.exists("out.xml"));
+}
+
+TEST_F(ExitCode, Is4WhenAFileOnlyHasTheNameOfAUmlModel) {
+    scratch.write("paper.xmi", "%PDF-1.4\n");
+    const Result result = run(scratch, {"export", "paper.xmi", "out.xml"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_EQ(result.err, "oimbridge: error: paper.xmi: this is not XML: it begins with \"%PDF-1.4\"\n");
+    EXPECT_EQ(run(scratch, {"export", "missing.xmi", "out.xml"}).exitCode, 3);
+}
+
 TEST_F(ExitCode, Is6WhenTheSelectionLeavesNothing) {
     const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--table", "nothing*"});
     EXPECT_EQ(result.exitCode, 6);
