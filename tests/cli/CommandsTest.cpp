@@ -1,4 +1,5 @@
 // What the commands do and print.
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <simdjson.h>
@@ -126,6 +127,17 @@ TEST_F(Commands, AnOptionOfAReaderIsCheckedByIt) {
     EXPECT_EQ(foreign.exitCode, 2);
     EXPECT_THAT(foreign.err,
                 StartsWith("oimbridge: error: --busy-timeout: this kind of source does not take the option"));
+}
+
+TEST_F(Commands, ExportToTheDbmViewDoesNotShowAListOfValues) {
+    const std::string columns =
+        "CREATE TABLE t(a VARCHAR(9) DEFAULT 'x'{}, b DECIMAL(5,2) NOT NULL{}, c TEXT);"
+        "CREATE VIEW v AS SELECT a, b FROM t UNION SELECT c, b FROM t;";
+    scratch.write("plain.sql", fmt::format(fmt::runtime(columns), "", ""));
+    scratch.write("lists.sql",
+                  fmt::format(fmt::runtime(columns), " CHECK (a IN ('x', 'y'))", " CHECK (b IN (1, 2.5))"));
+    EXPECT_EQ(exported({"lists.sql", "--model-name", "m"}), exported({"plain.sql", "--model-name", "m"}));
+    EXPECT_THAT(exported({"lists.sql", "--view", "erd"}), HasSubstr("erd:ValidationRule"));
 }
 
 TEST_F(Commands, OptionsMayStandAnywhere) {
