@@ -52,10 +52,10 @@ const char* findMissingKind(ZORElementType type, MDCSubjectArea area) {
 }
 
 /// What is left out because the object is.
-const char* describePart(ZORElementType owner) {
+const char* describePart(ZORElementType owner, MDCSubjectArea area) {
     switch (owner) {
         case ZOR_CLASS:
-            return "its class \"{0}\" is left out";
+            return area == DBM ? "its table \"{0}\" is left out" : "its class \"{0}\" is left out";
         case ZOR_SQL_VIEW_ENTITY:
             return "its view \"{0}\" is left out";
         case ZOR_DESIGN_PACKAGE:
@@ -67,7 +67,8 @@ const char* describePart(ZORElementType owner) {
         case ZOR_INDEX:
             return "its index \"{0}\" is left out";
         case ZOR_ASSOCIATION:
-            return "its association \"{0}\" is left out";
+            return area == UML ? "its association \"{0}\" is left out"
+                               : "its relationship \"{0}\" is left out";
         default:
             return "what it belongs to is left out";
     }
@@ -235,7 +236,7 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
         return {missing};
     }
     if (owner != nullptr && isLeftOutWith(owner, area)) {
-        return {describePart(owner->getElementType()), owner, owner};
+        return {describePart(owner->getElementType(), area), owner, owner};
     }
     if (owner != nullptr) {
         if (const char* rule = findPlaceRule(type, owner->getElementType(), area)) {

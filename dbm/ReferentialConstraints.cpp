@@ -23,7 +23,7 @@ bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
         }
     }
     if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
-        return leaveOut(association, DBM, "neither of its roles has a foreign key");
+        return leaveOut(association, DBM, "no foreign key stands behind it");
     }
     mark = MARK_EXPORTABLE;
     return true;
@@ -37,7 +37,7 @@ bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
     mark = MARK_NOT_EXPORTABLE;
     ZORForeignKey* key = role->getForeignKey();
     if (!isExportableDBMModelObject(role->getAssociatedClass())) {
-        return leaveOutWith(role, DBM, "its class \"{0}\" is left out", role->getAssociatedClass());
+        return leaveOutWith(role, DBM, "its table \"{0}\" is left out", role->getAssociatedClass());
     }
     if (key != nullptr && !isExportableDBMForeignKey(key)) {
         return leaveOutWith(role, DBM, "its foreign key \"{0}\" is left out", key);

@@ -45,7 +45,7 @@ bool Bridge::isExportableERDAssociation(ZORAssociation* association) const {
         }
     }
     if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
-        return leaveOut(association, ERD, "neither of its roles has a foreign key");
+        return leaveOut(association, ERD, "no foreign key stands behind it");
     }
     mark = MARK_EXPORTABLE;
     return true;
