@@ -123,7 +123,8 @@ In the DBM view:           written    left out
 }
 
 TEST_F(Inspect, ReportsOfOneView) {
-    EXPECT_EQ(report({"levels.model.json", "--view", "erd"}), R"(levels.model.json: Model document "Levels"; exported as --view uml unless told otherwise
+    EXPECT_EQ(report({"levels.model.json", "--view", "erd"}),
+              R"(levels.model.json: Model document "Levels"; exported as --view uml unless told otherwise
 
 Read:
   packages                       1
