@@ -11,6 +11,8 @@ bool Bridge::isExportableERDKey(ZORKey* key) const {
         }
         return isExportableERDCandidateKey(static_cast<ZORCandidateKey*>(key));
     }
+    // Of several relationships and generalizations that share the key, the one that has it as its own
+    // decides: another one that is written refers to the key even when this one leaves it out.
     const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
     if (role == nullptr) {
         return leaveOut(key, ERD, "it belongs to no relationship");
