@@ -30,12 +30,12 @@ void Bridge::setXMLID(ZORModelObject* object, MDCSubjectArea area, int id) {
     getObjectUserData(object)[area] = id;
 }
 
-ExportMark& Bridge::getDBMMark(ZORModelObject* object) const {
-    return reinterpret_cast<ExportMark*>(getObjectUserData(object) + ObjectUserData::MARKS)[0];
+unsigned char& Bridge::getDBMMark(ZORModelObject* object) const {
+    return reinterpret_cast<unsigned char*>(getObjectUserData(object) + ObjectUserData::MARKS)[0];
 }
 
-ExportMark& Bridge::getERDMark(ZORModelObject* object) const {
-    return reinterpret_cast<ExportMark*>(getObjectUserData(object) + ObjectUserData::MARKS)[1];
+unsigned char& Bridge::getERDMark(ZORModelObject* object) const {
+    return reinterpret_cast<unsigned char*>(getObjectUserData(object) + ObjectUserData::MARKS)[1];
 }
 
 unsigned char& Bridge::getDomainVariants(ZORType* type) const {
@@ -63,7 +63,8 @@ ZORString* Bridge::getUniqueName(ZORStringHashtable& names, bool enabled, const 
         name.release();
         return nullptr;
     }
-    int counter = 0;
+    // Names never leave a table, so those that were taken the last time still are.
+    int& counter = nameCounters_[names.find(*name)];
     do {
         *name = object->getName() + "/" + ZORString(++counter);
     } while (!names.add(name.get()));

@@ -201,4 +201,5 @@ void Bridge::cleanup(ZORStringHashtable& table) {
         delete table[i];
     }
     table.clear();
+    nameCounters_.clear();
 }

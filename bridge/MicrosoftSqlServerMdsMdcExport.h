@@ -5,6 +5,7 @@
 
 #include <concepts>
 #include <memory>
+#include <unordered_map>
 
 #include "DTMTypes.h"
 #include "ObjectUserData.h"
@@ -129,10 +130,10 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// The object's identifier in the subject area, allocated on first use.
     int getXMLID(ZORModelObject* object, MDCSubjectArea area);
     void setXMLID(ZORModelObject* object, MDCSubjectArea area, int id);
-    /// What a filter of the DBM view decided of the object.
-    ExportMark& getDBMMark(ZORModelObject* object) const;
-    /// What a filter of the ERD view decided of the object.
-    ExportMark& getERDMark(ZORModelObject* object) const;
+    /// What a filter of the DBM view decided of the object: an ExportMark.
+    unsigned char& getDBMMark(ZORModelObject* object) const;
+    /// What a filter of the ERD view decided of the object: an ExportMark.
+    unsigned char& getERDMark(ZORModelObject* object) const;
     /// Which of a type's ERD domains are referred to: bit 0 the nullable one, bit 1 the not-null one.
     unsigned char& getDomainVariants(ZORType* type) const;
     /// What `getDBMColumnTraits` found of a type; 0 when it was not asked yet.
@@ -482,6 +483,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     bool msRepository_ = false;                         ///< `readOptions`
     MDCTypeSet erdTypeSet_{50};  ///< `readOptions`, `dtmInit`; its types `getDTMTypeID`
     MDCTypeSet dbmTypeSet_{50};  ///< `readOptions`, `dtmInit`; its types `getDTMTypeID`
-    int attributeState_ = 0;     ///< the start tags and attributes of group 3
+    /// Of names that clashed, by the string in the table, the last number that was tried.
+    std::unordered_map<const ZORString*, int> nameCounters_;  ///< `getUniqueName`; `cleanup`
+    int attributeState_ = 0;                                  ///< the start tags and attributes of group 3
     /// @}
 };

@@ -4,16 +4,17 @@
 #include <memory>
 #include <vector>
 
-/// What a view's filter decided of an object.
+/// What a view's filter decided of an object; the first says nothing yet.
 enum ExportMark : unsigned char { MARK_UNDECIDED = 0, MARK_EXPORTABLE = 1, MARK_NOT_EXPORTABLE = 2 };
 
 /// The block of five 32-bit slots that an export hangs on an object:
 /// - 0 to 2: the object's identifier in the subject area of that number, 0 while it has none;
 /// - 3: the export marks, one byte each, the DBM view's first, then the ERD view's; on a type, in the third
 ///   byte, what its columns need to know of it in the DBM view;
-/// - 4: on a column of a referenced key, while a foreign key's members are written, the ordinal (from 1) of
-/// the
-///   foreign-key column paired with it; on a type, in the first byte, which of its ERD domains are used.
+/// - 4: on a column of a referenced key, while a foreign key's members are written, the ordinal (from 1)
+///   of the foreign-key column paired with it; on a type, in the first byte, which of its ERD domains are
+///   used.
+/// Bytes within a slot are accessed as unsigned char, as which the language lets any storage be read.
 namespace ObjectUserData {
 inline constexpr std::size_t SLOTS = 5;
 inline constexpr std::size_t MARKS = 3;

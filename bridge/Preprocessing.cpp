@@ -66,7 +66,7 @@ void Bridge::PreprocessOperation::replaceByAssociations(ZORGeneralization* gener
 
 void Bridge::PreprocessOperation::addAssociation(ZORGeneralization* generalization, ZORClass* supertype,
                                                  ZORClass* subtype) {
-    bridge_->auxiliary_.reserve(bridge_->auxiliary_.size() + 3);
+    bridge_->auxiliary_.reserveMore(3);
     ZORAssociation* association =
         generalization->getDesignPackage()->addModelElement(std::make_unique<ZORMDCGeneralization>());
     bridge_->auxiliary_.append(association);
@@ -120,7 +120,7 @@ void Bridge::PreprocessOperation::splitIntoPairs(ZORGeneralization* generalizati
     }
     for (ZORClass* supertype : supertypes) {
         for (ZORClass* subtype : subtypes) {
-            bridge_->auxiliary_.reserve(bridge_->auxiliary_.size() + 1);
+            bridge_->auxiliary_.reserveMore(1);
             ZORGeneralization* copy = generalization->getDesignPackage()->addModelElement(
                 std::make_unique<ZORGeneralization>(*generalization));
             bridge_->auxiliary_.append(copy);

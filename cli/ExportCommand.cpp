@@ -160,9 +160,11 @@ void leaveToSystem(std::unique_ptr<ZORModel> model) {
 }
 
 /// Reads the model and sees to it that it can be written.
-ReadModel readForExport(const OpenedSource& source, const Arguments& arguments, Console& console,
-                        Progress& progress) {
-    ReadModel read = readModel(source, arguments, console, progress);
+ReadModel readForExport(const OpenedSource& source, const View& view, const Arguments& arguments,
+                        Console& console, Progress& progress) {
+    const bool isUml = !view.hasErd && !view.hasDbm;
+    ReadModel read = readModel(source, arguments, console, progress,
+                               isUml ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML);
     requireContent(read, source, arguments);
     requireWritableModelName(read.model->getName().view(), !arguments.modelName.empty(),
                              source.source.name());
@@ -209,7 +211,7 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
 
-    ReadModel read = readForExport(source, arguments, console, progress);
+    ReadModel read = readForExport(source, view, arguments, console, progress);
     setDefaultTypeSets(options, arguments, read.counts.databaseType);
     options.setValue("File", std::string_view(output.name()));
     tellOptions(options, console);

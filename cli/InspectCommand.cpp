@@ -145,9 +145,15 @@ class BridgeInspection {
         setGivenOptions(options_, arguments);
         const View* given = givenView(options_, arguments);
         isGiven_ = given != nullptr;
+        needsUml_ = isGiven_ && !given->hasErd && !given->hasDbm;
         // Together these two go through all that there is.
         views_ = isGiven_ ? std::vector<std::string_view>{given->bridgeValue}
                           : std::vector<std::string_view>{"UML", "ERD and DBM"};
+    }
+
+    /// What the model has to be sound for, lest nothing can be told.
+    ZORViewsToCheck viewsToCheck() const {
+        return needsUml_ ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML;
     }
 
     std::vector<ViewVerdicts> count(const ReadModel& read, const std::string& sourceName,
@@ -175,6 +181,9 @@ class BridgeInspection {
         BridgeLog bridgeLog(sourceName, console);
         NoLog noLog;
         for (const std::string_view view : views_) {
+            if (view == "UML" && !needsUml_ && !canBeUml(*read.model, sourceName, console)) {
+                continue;
+            }
             options_.setValue("Model", view);
             try {
                 work(isGiven_ && arguments.askedName.empty() ? static_cast<ZORLog&>(bridgeLog) : noLog);
@@ -185,10 +194,22 @@ class BridgeInspection {
         }
     }
 
+    /// Warns of a model that has no UML view.
+    static bool canBeUml(ZORModel& model, const std::string& sourceName, Console& console) {
+        const std::vector<ZORString> faults = checkModel(model, 1, ZORViewsToCheck::ALL);
+        if (!faults.empty()) {
+            console.print({.level = Level::WARNING,
+                           .subject = sourceName,
+                           .text = fmt::format("it has no UML view: {}", faults.front().view())});
+        }
+        return faults.empty();
+    }
+
     ZORBridge bridge_;
     ZOROptionList options_;
     std::vector<std::string_view> views_;
     bool isGiven_ = false;
+    bool needsUml_ = false;
 };
 
 std::vector<NamedObject> findAsked(const ReadModel& read, const OpenedSource& source,
@@ -225,7 +246,7 @@ ExitCode runInspect(const Arguments& arguments, Console& console) {
     Progress progress(console);
     const OpenedSource source = openSource(name, progress);
     const std::string& sourceName = source.source.name();
-    const ReadModel read = readModel(source, arguments, console, progress);
+    const ReadModel read = readModel(source, arguments, console, progress, inspection.viewsToCheck());
     std::string report;
     if (arguments.askedName.empty()) {
         const std::vector<ViewVerdicts> verdicts = inspection.count(read, sourceName, arguments, console);

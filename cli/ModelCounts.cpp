@@ -91,10 +91,10 @@ struct PendingPackage {
 /// Pushes the children so that the first one comes off the stack first.
 void pushChildren(std::vector<PendingPackage>& pending, const ZORPackage& parent, const std::string& path) {
     const ZORVector<ZORPackage*>& children = parent.getChildPackages();
+    const std::string prefix = path.empty() ? path : path + ".";
     for (std::size_t i = children.size(); i > 0; --i) {
         const ZORPackage* child = children[i - 1];
-        const std::string name(child->getDisplayName().view());
-        pending.push_back({child, path.empty() ? name : path + "." + name});
+        pending.push_back({child, prefix + child->getDisplayName().c_str()});
     }
 }
 

@@ -59,9 +59,10 @@ void checkSelection(const readers::Selection& selection, const readers::ReaderDe
 void checkReaderOptions(const std::map<std::string, std::string>& values,
                         const readers::ReaderDescription& reader) {
     for (const auto& [name, value] : values) {
-        const auto option =
-            std::find_if(reader.options.begin(), reader.options.end(),
-                         [&](const readers::ReaderOption& known) { return known.name == name; });
+        const auto isIt = [&wanted = name](const readers::ReaderOption& known) {
+            return known.name == wanted;
+        };
+        const auto option = std::find_if(reader.options.begin(), reader.options.end(), isIt);
         if (option == reader.options.end()) {
             refuseForReader("--" + name, reader, "this kind of source does not take the option");
         }
@@ -73,8 +74,9 @@ void checkReaderOptions(const std::map<std::string, std::string>& values,
     }
 }
 
-void requireSound(ZORModel& model, const std::string& sourceName, Console& console) {
-    const std::vector<ZORString> faults = checkModel(model);
+void requireSound(ZORModel& model, ZORViewsToCheck views, const std::string& sourceName, Console& console) {
+    constexpr std::size_t MOST_FAULTS = 20;
+    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS, views);
     if (faults.empty()) {
         return;
     }
@@ -102,7 +104,7 @@ std::unique_ptr<ZORModel> readWith(const OpenedSource& opened, const readers::Re
 }  // namespace
 
 ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
-                    Progress& progress) {
+                    Progress& progress, ZORViewsToCheck views) {
     const readers::ReaderDescription& description = source.reader->describe();
     checkSelection(arguments.selection, description);
     checkReaderOptions(arguments.readerOptions, description);
@@ -115,7 +117,7 @@ ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Cons
     ReadModel read;
     read.model = readWith(source, {arguments.modelName, arguments.selection, arguments.readerOptions},
                           context, progress);
-    requireSound(*read.model, source.source.name(), console);
+    requireSound(*read.model, views, source.source.name(), console);
     read.losses = std::move(context.losses);
     read.counts = countModel(*read.model);
     return read;

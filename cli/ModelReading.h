@@ -6,6 +6,7 @@
 #include "ModelCounts.h"
 #include "Progress.h"
 #include "SourceOpening.h"
+#include "ZORModelCheck.h"
 
 namespace cli {
 
@@ -17,9 +18,9 @@ struct ReadModel {
 };
 
 /// Reads the source as the arguments ask. Warnings go to the console. Throws Failure when the source cannot
-/// be read, the model is unsound, or an option does not fit the reader.
+/// be read, the model is unsound for the views, or an option does not fit the reader.
 ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
-                    Progress& progress);
+                    Progress& progress, ZORViewsToCheck views = ZORViewsToCheck::ALL_BUT_UML);
 
 /// Throws Failure when no table or class was read, unless the arguments allow it.
 void requireContent(const ReadModel& read, const OpenedSource& source, const Arguments& arguments);

@@ -24,6 +24,7 @@ const View* findViewByBridgeValue(std::string_view value) {
 
 std::vector<std::string> viewNames() {
     std::vector<std::string> names;
+    names.reserve(VIEWS.size());
     for (const View& view : VIEWS) {
         names.emplace_back(view.name);
     }

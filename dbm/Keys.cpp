@@ -5,7 +5,7 @@
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableDBMCandidateKey(ZORCandidateKey* key) const {
-    ExportMark& mark = getDBMMark(key);
+    unsigned char& mark = getDBMMark(key);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -27,7 +27,7 @@ bool Bridge::isExportableDBMCandidateKey(ZORCandidateKey* key) const {
 }
 
 bool Bridge::isExportableDBMIndex(ZORIndex* index) const {
-    ExportMark& mark = getDBMMark(index);
+    unsigned char& mark = getDBMMark(index);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }

@@ -5,7 +5,7 @@
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
-    ExportMark& mark = getDBMMark(association);
+    unsigned char& mark = getDBMMark(association);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -30,7 +30,7 @@ bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
 }
 
 bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
-    ExportMark& mark = getDBMMark(role);
+    unsigned char& mark = getDBMMark(role);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -47,7 +47,7 @@ bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
 }
 
 bool Bridge::isExportableDBMForeignKey(ZORForeignKey* key) const {
-    ExportMark& mark = getDBMMark(key);
+    unsigned char& mark = getDBMMark(key);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }

@@ -5,7 +5,7 @@
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableDBMClass(ZORClass* cls) const {
-    ExportMark& mark = getDBMMark(cls);
+    unsigned char& mark = getDBMMark(cls);
     if (mark == MARK_UNDECIDED) {
         const bool isTable = cls->getClassType() == 0 || cls->getClassType() == 1;
         const bool exportable = isExportableDBMModelObject(cls) &&

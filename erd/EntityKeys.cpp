@@ -22,7 +22,7 @@ bool Bridge::isExportableERDKey(ZORKey* key) const {
 }
 
 bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
-    ExportMark& mark = getERDMark(key);
+    unsigned char& mark = getERDMark(key);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -40,7 +40,7 @@ bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
 }
 
 bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
-    ExportMark& mark = getERDMark(key);
+    unsigned char& mark = getERDMark(key);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }

@@ -30,7 +30,7 @@ bool Bridge::isExportableERDModelObject(const ZORModelObject* object) const {
 }
 
 bool Bridge::isExportableERDClass(ZORClass* entity) const {
-    ExportMark& mark = getERDMark(entity);
+    unsigned char& mark = getERDMark(entity);
     if (mark == MARK_UNDECIDED) {
         const bool isEntity = entity->getClassType() == 0 || entity->getClassType() == 1;
         const bool exportable = isExportableERDModelObject(entity) &&

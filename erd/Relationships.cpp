@@ -27,7 +27,7 @@ const char* getRelationshipType(const ZORAssociation* association, const ZORAsso
 }  // namespace
 
 bool Bridge::isExportableERDAssociation(ZORAssociation* association) const {
-    ExportMark& mark = getERDMark(association);
+    unsigned char& mark = getERDMark(association);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -52,7 +52,7 @@ bool Bridge::isExportableERDAssociation(ZORAssociation* association) const {
 }
 
 bool Bridge::isExportableERDAssociationRole(ZORAssociationRole* role) const {
-    ExportMark& mark = getERDMark(role);
+    unsigned char& mark = getERDMark(role);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }
@@ -69,7 +69,7 @@ bool Bridge::isExportableERDAssociationRole(ZORAssociationRole* role) const {
 }
 
 bool Bridge::isExportableERDGeneralization(ZORGeneralization* generalization) const {
-    ExportMark& mark = getERDMark(generalization);
+    unsigned char& mark = getERDMark(generalization);
     if (mark != MARK_UNDECIDED) {
         return mark == MARK_EXPORTABLE;
     }

@@ -3,6 +3,24 @@
 
 #include "MicrosoftSqlServerMdsMdcExport.h"
 
+namespace {
+
+/// Whether the column is in the list, which is ordered by position. A key's columns are a set: one that was
+/// given twice is one member.
+bool isMember(const ZORVector<ZORAttribute*>& ordered, const ZORAttribute* column) {
+    for (std::size_t i = ordered.size(); i > 0; --i) {
+        if (ordered[i - 1] == column) {
+            return true;
+        }
+        if (ordered[i - 1]->getPosition() != column->getPosition()) {
+            return false;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
 bool Bridge::isExportableKeyMember(const ZORAttribute* column, MDCSubjectArea area) const {
@@ -66,7 +84,9 @@ ZORVector<ZORAttribute*> Bridge::getOrderedColumns(const ZORCandidateKey* key) {
     ZORVector<ZORAttribute*> columns;
     if (index == nullptr) {
         for (ZORAttribute* column : sortByPosition(key->getAttributes())) {
-            columns.append(column);
+            if (!isMember(columns, column)) {
+                columns.append(column);
+            }
         }
     } else {
         for (const ZORIndexMember* member : getIndexMemberByPosition(*index)) {

@@ -122,12 +122,12 @@ ZORDescriptorSink::~ZORDescriptorSink() {
 void ZORDescriptorSink::write(const char* bytes, std::size_t count) {
     while (count > 0) {
         const ssize_t written = ::write(descriptor_, bytes, count);
-        if (written < 0 && errno != EINTR) {
-            fail(errno);
-        }
         if (written > 0) {
             bytes += written;
             count -= static_cast<std::size_t>(written);
+        } else if (written == 0 || errno != EINTR) {
+            // A device that takes nothing and gives no reason would be asked for ever.
+            fail(written == 0 ? EIO : errno);
         }
     }
 }

@@ -15,7 +15,8 @@ class ZORSink {
     virtual ~ZORSink() = default;
     /// Takes all the bytes or throws; a ZORException is passed on as it is.
     virtual void write(const char* bytes, std::size_t count) = 0;
-    /// Called once when the file is closed in order; throws when something that was taken has been lost.
+    /// Called when the file is closed, before the sink goes: also after a write that failed. Throws when
+    /// something that was taken has been lost.
     virtual void close() {}
 };
 
@@ -90,11 +91,11 @@ class ZORFile {
     ZORFile& operator<<(int number);
 
     void write(const char* bytes, std::size_t count) {
-        if (count <= static_cast<std::size_t>(limit_ - next_)) {
+        if (count > static_cast<std::size_t>(limit_ - next_)) {
+            writeLarge(bytes, count);
+        } else if (count > 0) {
             std::memcpy(next_, bytes, count);
             next_ += count;
-        } else {
-            writeLarge(bytes, count);
         }
     }
     /// Writes pieces one behind the other: string literals, other texts, characters, and numbers in decimal.

@@ -123,8 +123,8 @@ std::uint64_t ZORXMLWriter::getElementsStarted() noexcept {
     return elementsStarted.load(std::memory_order_relaxed);
 }
 
-void ZORXMLWriter::publishElements() const noexcept {
-    elementsStarted.store(elements_, std::memory_order_relaxed);
+void ZORXMLWriter::publishElements() noexcept {
+    elementsStarted.fetch_add(ELEMENTS_AT_A_TIME, std::memory_order_relaxed);
 }
 
 template <typename Output>

@@ -24,8 +24,8 @@ class ZORXMLWriter {
     /// In how many texts.
     int getFailedTextCount() const noexcept { return failedTexts_; }
 
-    /// The number of elements started by the export that runs in this process, for showing progress; another
-    /// thread may ask. It lags behind by up to some thousands.
+    /// The number of elements started by the exports of this process, for showing progress; another thread
+    /// may ask. It lags behind by up to some thousands an export.
     static std::uint64_t getElementsStarted() noexcept;
 
   protected:
@@ -33,7 +33,7 @@ class ZORXMLWriter {
     void writeXMLText(const ZORString& text);
     /// To be called once for each element.
     void countElement() noexcept {
-        if ((++elements_ & 0xfffU) == 0) {
+        if (++elements_ % ELEMENTS_AT_A_TIME == 0) {
             publishElements();
         }
     }
@@ -47,9 +47,10 @@ class ZORXMLWriter {
   private:
     template <typename Output>
     void convert(std::string_view text, Output& output);
-    void publishElements() const noexcept;
+    static void publishElements() noexcept;
 
-    std::uint64_t elements_ = 0;
+    static constexpr std::uint32_t ELEMENTS_AT_A_TIME = 4096;
+    std::uint32_t elements_ = 0;
     int conversionFailures_ = 0;
     int failedTexts_ = 0;
 };

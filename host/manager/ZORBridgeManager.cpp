@@ -51,6 +51,14 @@ std::string bridgeNameOf(const fs::path& file) {
     return std::string(withoutPrefix(baseNameOf(file), HOST_PREFIX));
 }
 
+/// What the bridge will write, by the option that chooses it; a bridge without that option may write
+/// anything.
+ZORViewsToCheck viewsOf(const ZOROptionList& options) {
+    const ZORString view = options.getValue("Model");
+    return view == "ERD" || view == "DBM" || view == "ERD and DBM" ? ZORViewsToCheck::ALL_BUT_UML
+                                                                   : ZORViewsToCheck::ALL;
+}
+
 /// Does the bridge's work; an exception that is not the host's leaves as the host's message for it.
 template <typename Work>
 auto guarded(const ZORString& bridge, const Work& work) {
@@ -130,10 +138,10 @@ std::string describeKnown(const std::string& name, const std::vector<ZORString>&
     return sentence;
 }
 
-void requireSound(ZORModel& model) {
+void requireSound(ZORModel& model, const ZOROptionList& options) {
     constexpr std::size_t MOST_FAULTS = 20;
     // One more than is told, so that it can be told whether there are more.
-    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1);
+    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1, viewsOf(options));
     if (faults.empty()) {
         return;
     }
@@ -208,7 +216,7 @@ ZORString ZORBridge::getMappingSpecificationXmlFile() const {
 }
 
 void ZORBridge::run(ZORModel& model, ZOROptionList& options, ZORLog& log) const {
-    requireSound(model);
+    requireSound(model, options);
     const ZORString fileName = options.getValue("File");
     const bool completed =
         guarded(getName(), [&] { return getInterface().run(fileName, model, options, log); });
@@ -223,7 +231,7 @@ void ZORBridge::inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
     if (inspection == nullptr) {
         throw ZORException("The bridge \"" + getName() + "\" does not tell what it would write.");
     }
-    requireSound(model);
+    requireSound(model, options);
     guarded(getName(), [&] { inspection->inspect(model, options, log, observer); });
 }
 

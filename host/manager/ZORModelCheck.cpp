@@ -2,6 +2,6 @@
 
 #include "check/ModelChecker.h"
 
-std::vector<ZORString> checkModel(ZORModel& model, std::size_t most) {
-    return ModelChecker(model, most).run();
+std::vector<ZORString> checkModel(ZORModel& model, std::size_t most, ZORViewsToCheck views) {
+    return ModelChecker(model, most, views).run();
 }

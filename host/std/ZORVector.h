@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -49,10 +50,17 @@ class ZORVector {
             grow(count);
         }
     }
+    /// Makes room for `count` elements more; a walk of many small steps does not move them at each.
+    void reserveMore(std::size_t count) {
+        const std::size_t needed = size() + count;
+        if (needed > (block_ == nullptr ? 0 : block_->capacity)) {
+            grow(std::max(needed, nextCapacity()));
+        }
+    }
     void append(T value) {
         const std::size_t count = size();
         if (block_ == nullptr || block_->capacity == count) {
-            grow(count < 2 ? count + 1 : count + count / 2 + 1);
+            grow(nextCapacity());
         }
         items(block_)[count] = value;
         block_->size = static_cast<std::uint32_t>(count + 1);
@@ -101,6 +109,10 @@ class ZORVector {
     static T* items(Block* block) noexcept { return reinterpret_cast<T*>(block + 1); }
     static const T* items(const Block* block) noexcept { return reinterpret_cast<const T*>(block + 1); }
 
+    std::size_t nextCapacity() const noexcept {
+        const std::size_t count = size();
+        return count < 2 ? count + 1 : count + count / 2 + 1;
+    }
     void grow(std::size_t capacity) {
         if (capacity > UINT32_MAX) {
             throw std::length_error("ZORVector: too many elements");

@@ -129,6 +129,15 @@ TEST_F(UniqueName, PassesOverReplacementsThatAreTaken) {
     EXPECT_EQ(ask("A"), "A/2");
 }
 
+TEST_F(UniqueName, GoesOnCountingForEachNameAndPassesOverWhatWasTakenMeanwhile) {
+    for (const char* name : {"A", "B", "A", "B", "A/2", "B/3"}) {
+        ask(name);
+    }
+    EXPECT_EQ(ask("A"), "A/3");
+    EXPECT_EQ(ask("B"), "B/2");
+    EXPECT_EQ(ask("B"), "B/4");
+}
+
 TEST_F(UniqueName, TakesLetterCaseIntoAccount) {
     EXPECT_EQ(ask("a"), "same");
     EXPECT_EQ(ask("A"), "same");

@@ -342,6 +342,21 @@ TEST_F(Inspect, WarnsOfWhatAnExportOfTheViewWouldWarnOf) {
               "The class b.T is written to the ERD view as erd:Entity.\n");
 }
 
+TEST_F(Inspect, LeavesTheUmlViewAsideWhereThereIsNone) {
+    scratch.write("typed.model.json", R"({"format": "oim-source-model", "version": 1, "model": {"name": "m",
+        "types": [{"id": "t", "kind": "concrete", "name": "int", "dataType": "INT", "stereotype": "s"}],
+        "children": [{"kind": "package", "name": "a", "elements": [{"kind": "class", "name": "T",
+            "attributes": [{"name": "x", "type": "t"}]}]}]}})");
+    const Result result = run(scratch, {"inspect", "typed.model.json", "--why", "T.x"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_THAT(result.err,
+                testing::StartsWith("oimbridge: warning: typed.model.json: it has no UML view: "));
+    EXPECT_EQ(result.out,
+              "The attribute a.T.x is written to the ERD view as erd:Attribute.\n"
+              "The attribute a.T.x is written to the DBM view as dbm:LogicalColumn.\n");
+    EXPECT_EQ(run(scratch, {"inspect", "typed.model.json", "--view", "uml"}).exitCode, 4);
+}
+
 TEST_F(Inspect, NeedsTheBridge) {
     const Result result = run(scratch, Setting{.arguments = {"inspect", "shop.sql"},
                                                .environment = {{"ZOR_BRIDGE_PATH", scratch / "nowhere"}}});

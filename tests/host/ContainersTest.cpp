@@ -42,6 +42,30 @@ TEST(Vector, KeepsTheOrderWhileItGrows) {
     EXPECT_EQ(vector.last(), 999);
 }
 
+TEST(Vector, DoesNotMoveWithinWhatWasReserved) {
+    ZORVector<int> vector = makeVector({1, 2});
+    vector.reserveMore(3);
+    const int* elements = vector.begin();
+    for (int i = 0; i < 3; ++i) {
+        vector.append(i);
+    }
+    EXPECT_EQ(vector.begin(), elements);
+    EXPECT_EQ(contents(vector), (std::vector<int>{1, 2, 0, 1, 2}));
+}
+
+TEST(Vector, MovesSeldomWhenALittleIsReservedAgainAndAgain) {
+    ZORVector<int> vector;
+    int moves = 0;
+    const int* elements = nullptr;
+    for (int i = 0; i < 1000; ++i) {
+        vector.reserveMore(1);
+        moves += vector.begin() == elements ? 0 : 1;
+        elements = vector.begin();
+        vector.append(i);
+    }
+    EXPECT_LT(moves, 25);
+}
+
 TEST(Vector, CopiesAreTheirOwn) {
     const ZORVector<int> one = makeVector({1, 2});
     ZORVector<int> copy(one);

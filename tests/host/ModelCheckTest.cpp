@@ -118,7 +118,7 @@ const Fault FAULTS[] = {
      {"Type 'Tint' refers to a base type that is not of this model."}},
     {"stereotype_of_a_data_type",
      [](auto& m, auto&) { m.integer->setStereotype("x"); },
-     {"Type 'integer' has a stereotype, which only the type of a class can have."}},
+     {"Type 'integer' has a stereotype, which in the UML view only the type of a class can have."}},
     {"class_type_without_a_class",
      [](auto& m, auto&) { m.orderType->setAssociatedClass(nullptr); },
      {"Type 'OrderType' has no class."}},
@@ -385,6 +385,13 @@ TEST_P(ModelCheckRefuses, WithOneSentenceForEachFault) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, ModelCheckRefuses, testing::ValuesIn(FAULTS),
                          [](const testing::TestParamInfo<Fault>& row) { return row.param.what; });
+
+TEST(ModelCheck, PermitsAStereotypeOfADataTypeToAllViewsButUml) {
+    CompleteModel m;
+    m.integer->setStereotype("x");
+    EXPECT_THAT(check(m.model), SizeIs(1));
+    EXPECT_THAT(checkModel(m.model, 20, ZORViewsToCheck::ALL_BUT_UML), IsEmpty());
+}
 
 TEST(ModelCheck, PermitsWhatIsOnlyUnusual) {
     CompleteModel m;

@@ -65,6 +65,23 @@ TEST_F(ProductBridgeTest, ExportsAModelThatHoldsEverything) {
     EXPECT_EQ(log.lines(), "");
 }
 
+TEST_F(ProductBridgeTest, RefusesTheStereotypeOfADataTypeInTheUmlViewOnly) {
+    CompleteModel m;
+    m.integer->setStereotype("x");
+    for (const char* view : {"ERD", "DBM", "ERD and DBM"}) {
+        options.setValue("Model", view);
+        EXPECT_NO_THROW(bridge.run(m.model, options, log)) << view;
+    }
+    options.setValue("Model", "UML");
+    try {
+        bridge.run(m.model, options, log);
+        FAIL() << "the model was not refused";
+    } catch (const ZORException& error) {
+        EXPECT_THAT(error.getText().c_str(),
+                    testing::HasSubstr("Type 'integer' has a stereotype, which in the UML view only"));
+    }
+}
+
 TEST_F(ProductBridgeTest, ExportsWhateverTheCheckLetsThrough) {
     std::size_t exported = 0;
     for (const ModelChange& change : modelChanges()) {

@@ -269,11 +269,23 @@ TEST(XMLWriter, BeginsWithTheNameOfTheOptionAsIndentation) {
 }
 
 TEST(XMLWriter, PublishesItsElementsNowAndThen) {
+    const std::uint64_t before = ZORXMLWriter::getElementsStarted();
     Writer writer;
     for (int i = 0; i < 4096; ++i) {
         writer.countElement();
     }
-    EXPECT_EQ(ZORXMLWriter::getElementsStarted(), 4096U);
+    EXPECT_EQ(ZORXMLWriter::getElementsStarted() - before, 4096U);
+}
+
+TEST(XMLWriter, AddsItsElementsToThoseOfEarlierExports) {
+    const std::uint64_t before = ZORXMLWriter::getElementsStarted();
+    for (int run = 0; run < 2; ++run) {
+        Writer writer;
+        for (int i = 0; i < 5000; ++i) {
+            writer.countElement();
+        }
+    }
+    EXPECT_EQ(ZORXMLWriter::getElementsStarted() - before, 8192U);
 }
 
 }  // namespace

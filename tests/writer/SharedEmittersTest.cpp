@@ -66,6 +66,12 @@ TEST_F(KeyMembers, OfEqualPositionKeepTheirOrderInTheKey) {
     EXPECT_EQ(members(model.addKey(table, "K", {"c", "a", "b"})), "T.c T.a T.b ");
 }
 
+TEST_F(KeyMembers, AreASetWithoutAnIndex) {
+    ZORClass* table = model.addTable("T", {"a", "b", "c"});
+    column(table, "c")->setPosition(2);
+    EXPECT_EQ(members(model.addKey(table, "K", {"a", "c", "b", "a", "c"})), "T.a T.b T.c ");
+}
+
 TEST_F(KeyMembers, OfACandidateKeyWithAnIndexStandInTheOrderOfTheIndex) {
     ZORClass* table = model.addTable("T", {"a", "b", "c"});
     ZORCandidateKey* key = model.addKey(table, "K", {"a", "b", "c"});

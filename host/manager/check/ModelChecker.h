@@ -5,6 +5,7 @@
 
 #include "Faults.h"
 #include "Marks.h"
+#include "ZORModelCheck.h"
 
 /// One pass over a model: first the packages, whose marks then tell what belongs to the model, then
 /// everything in them. Neither the depth of nesting nor that of base types costs stack.
@@ -13,7 +14,8 @@
 /// model.
 class ModelChecker {
   public:
-    ModelChecker(ZORModel& model, std::size_t most) : model_(model), faults_(most) {}
+    ModelChecker(ZORModel& model, std::size_t most, ZORViewsToCheck views)
+        : model_(model), checksUml_(views == ZORViewsToCheck::ALL), faults_(most) {}
     std::vector<ZORString> run();
 
   private:
@@ -97,6 +99,7 @@ class ModelChecker {
     }
 
     ZORModel& model_;
+    bool checksUml_;
     Faults faults_;
     Marks marks_;
     /// The model and its packages in document order, with their numbers in their lists.

@@ -83,8 +83,8 @@ void ModelChecker::checkType(const Place& place, ZORType& type) {
     checkParts(place, type.getTypeValues(), [](const Place& /*at*/, const ZORTypeValue& /*value*/) {});
     if (type.getElementType() == ZOR_CLASS_TYPE) {
         checkReference(place, static_cast<const ZORClassType&>(type).getAssociatedClass(), "class");
-    } else if (!type.getStereotype().isEmpty()) {
-        faults_.add(place, "has a stereotype, which only the type of a class can have");
+    } else if (checksUml_ && !type.getStereotype().isEmpty()) {
+        faults_.add(place, "has a stereotype, which in the UML view only the type of a class can have");
     }
     if (type.getBaseType() != nullptr) {
         checkTypeReference(place, type.getBaseType(), "base type");
