@@ -116,10 +116,10 @@ const Example EXAMPLES[] = {
     {"MixedLevels", makeMixedLevels},
 };
 
-class Inspection : public testing::TestWithParam<std::tuple<Example, const char*>> {
+class Inspection : public testing::TestWithParam<std::tuple<Example, std::string>> {
   protected:
     Inspection() : model(std::get<0>(GetParam()).make()) {}
-    const char* view() const { return std::get<1>(GetParam()); }
+    const char* view() const { return std::get<1>(GetParam()).c_str(); }
     std::vector<std::string> areas() const {
         const std::string name = view();
         if (name == "ERD and DBM") {
@@ -208,7 +208,7 @@ TEST_P(Inspection, AgreesWithTheDocument) {
     }
 }
 
-std::string nameOf(const testing::TestParamInfo<std::tuple<Example, const char*>>& info) {
+std::string nameOf(const testing::TestParamInfo<std::tuple<Example, std::string>>& info) {
     std::string view = std::get<1>(info.param);
     view.erase(std::remove(view.begin(), view.end(), ' '), view.end());
     return std::string(std::get<0>(info.param).name) + view;
@@ -332,6 +332,14 @@ TEST_F(InspectionReasons, OfTypesTellWhetherColumnsUseThem) {
     EXPECT_EQ(reason(alias, "dbm"), "columns are written with the type that it stands for");
     const Verdicts none = inspect(*model.model(), {{"Model", "DBM"}, {"DBM TypeSet", "None"}});
     EXPECT_EQ(none.of(model.number, "dbm"), "no type set is chosen for the view");
+}
+
+TEST_F(InspectionReasons, OfValuesTellOfWhichTypesTheErdViewHasThem) {
+    ZORDerivedType* derived = model.addDerived("derived", model.number);
+    EXPECT_EQ(reason(model.addValue(derived, "one", 1, "1"), "erd"), "as erd:Value");
+    EXPECT_EQ(reason(model.addValue(model.number, "one", 1, "1"), "erd"),
+              "only a derived type has its values in the view");
+    EXPECT_EQ(reason(derived->getTypeValues()[0], "uml"), "the view has no values of data types");
 }
 
 TEST_F(InspectionReasons, OfWhatIsInADatabaseCatalogAreThatNobodyLooksThere) {
