@@ -2,6 +2,7 @@
 
 #include "MicrosoftSqlServerMdsMdcExport.h"
 
+#include "Inspection.h"
 #include "Preprocessing.h"
 #include "QLT_SQMDC.h"
 #include "Stereotypes.h"
@@ -79,9 +80,10 @@ bool Bridge::run(ZORModel* model, ZOROptionList* options) {
 }
 
 void Bridge::inspect(ZORModel* model, ZOROptionList* options, ZORExportObserver* observer) {
-    observer_ = observer;
     startRun(model, *options);
+    inspection_ = std::make_unique<Inspection>(modelView_, dbmTypeSet_.typeTable != nullptr);
     exportModel(*options, std::make_unique<NullSink>());
+    inspection_->report(*observer);
 }
 
 void Bridge::startRun(ZORModel* model, const ZOROptionList& options) {
@@ -105,6 +107,9 @@ void Bridge::exportModel(const ZOROptionList& options, std::unique_ptr<ZORSink> 
         if (getConversionFailureCount() > 0) {
             QLCM::ICU_CONVERSION_ERROR.log(*log_, ZORString(getConversionFailureCount()),
                                            ZORString(getFailedTextCount()));
+        }
+        if (inspection_ != nullptr) {
+            inspection_->conclude(*model_);
         }
         cleanup();
     } catch (...) {
@@ -144,15 +149,22 @@ void Bridge::readOptions(const ZOROptionList& options) {
     indentationUnit_ = options.getValue(indentationUnit_);
 }
 
+void Bridge::noteWritten(const ZORObject* object, const ZORString& tag) const {
+    inspection_->noteWritten(object, tag);
+}
+
 bool Bridge::leaveOut(const ZORObject* object, MDCSubjectArea area, const char* reason,
                       const ZORModelObject* other) const {
-    if (observer_ != nullptr) {
-        static constexpr const char* AREAS[] = {"uml", "erd", "dbm"};
-        const ZORTextLiteral literal("", reason);
-        ZORTextParameters parameters(literal);
-        const ZORString name = other != nullptr ? other->getDisplayName() : ZORString();
-        parameters.setValue(0, name);
-        observer_->leftOut(object, AREAS[area], parameters.createText());
+    if (inspection_ != nullptr) {
+        inspection_->noteLeftOut(object, area, {reason, other, nullptr});
+    }
+    return false;
+}
+
+bool Bridge::leaveOutWith(const ZORObject* object, MDCSubjectArea area, const char* reason,
+                          const ZORModelObject* cause) const {
+    if (inspection_ != nullptr) {
+        inspection_->noteLeftOut(object, area, {reason, cause, cause});
     }
     return false;
 }

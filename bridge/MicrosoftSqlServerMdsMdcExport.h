@@ -60,6 +60,7 @@ enum MDCUML13Support { UML_1_3_FULL = 0, UML_1_3_PARTIAL = 1, UML_1_3_DISABLED =
 /// (types/DTMTypes.h) need no state of the bridge's and have headers of their own.
 class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
   public:
+    class Inspection;
     class PreprocessOperation;
     class ResetGeneralPointerOperation;
     class StereotypeHashtable;
@@ -88,7 +89,7 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     /// Writes the model to the file that the option "File" names. True when the export completed; failures
     /// leave by exception, with the model as it was.
     bool run(ZORModel* model, ZOROptionList* options);
-    /// Goes through a run without a file and tells the observer what is written and what is left out.
+    /// Goes through a run without a file, and then tells the observer what is written and what is left out.
     void inspect(ZORModel* model, ZOROptionList* options, ZORExportObserver* observer);
     /// What comes before a file is opened: the identifiers start anew, the options are read.
     void startRun(ZORModel* model, const ZOROptionList& options);
@@ -97,17 +98,23 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     void openOutput(const ZOROptionList& options);
     /// Sets the state that the options decide, type sets included.
     void readOptions(const ZOROptionList& options);
-    /// Tells the observer, if there is one, that an element of this tag stands for the object. Start tags of
-    /// objects do so by themselves.
+    /// Notes for an inspection, if this is one, that an element of this tag stands for the object. Start tags
+    /// of objects do so by themselves.
     void tellWritten(const ZORObject* object, const ZORString& tag) const {
-        if (observer_ != nullptr) {
-            observer_->written(object, tag);
+        if (inspection_ != nullptr) {
+            noteWritten(object, tag);
         }
     }
-    /// Tells the observer, if there is one, why the object is not in the subject area: filters end with it
-    /// when they refuse an object. `reason` may hold "{0}" for the name of the other object. Always false.
+    void noteWritten(const ZORObject* object, const ZORString& tag) const;
+    /// Notes for an inspection, if this is one, why the object is not in the subject area: filters end with
+    /// it when they refuse an object. `reason` may hold ` "{0}"` for the name of the other object. Always
+    /// false.
     bool leaveOut(const ZORObject* object, MDCSubjectArea area, const char* reason,
                   const ZORModelObject* other = nullptr) const;
+    /// The same where the other object is left out, and this one because of that. With null for `reason`, the
+    /// reason is that of the other object.
+    bool leaveOutWith(const ZORObject* object, MDCSubjectArea area, const char* reason,
+                      const ZORModelObject* cause) const;
     /// Releases all that the export attached to the model or created. Harmless when there is nothing (left).
     void cleanup();
     /// Frees the strings of a table of unique names and empties it.
@@ -464,12 +471,12 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
   protected:
     /// The state of one run. Each member says who writes it.
     /// @{
-    ZORModel* model_ = nullptr;              ///< `startRun`
-    ZORLog* log_;                            ///< the constructor
-    ZORExportObserver* observer_ = nullptr;  ///< `inspect`
-    int nextId_ = 1;                         ///< `startRun`, `getUniqueID`
-    mutable ObjectUserDataPool userData_;    ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
-    ZORVector<ZORModelObject*> auxiliary_;   ///< preprocessing and printers that make objects; `cleanup`
+    ZORModel* model_ = nullptr;               ///< `startRun`
+    ZORLog* log_;                             ///< the constructor
+    std::unique_ptr<Inspection> inspection_;  ///< `inspect`; null in every other run
+    int nextId_ = 1;                          ///< `startRun`, `getUniqueID`
+    mutable ObjectUserDataPool userData_;   ///< `getObjectUserData`, `cleanup`, ResetGeneralPointerOperation
+    ZORVector<ZORModelObject*> auxiliary_;  ///< preprocessing and printers that make objects; `cleanup`
     std::unique_ptr<StereotypeHashtable> stereotypes_;  ///< `linkUMLStereotype`; `cleanup`
     MDCModelView modelView_ = MODEL_VIEW_UML;           ///< `readOptions`
     MDCUML13Support uml13Support_ = UML_1_3_FULL;       ///< `readOptions`

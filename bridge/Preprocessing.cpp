@@ -1,5 +1,7 @@
 #include "Preprocessing.h"
 
+#include "Inspection.h"
+
 namespace {
 
 /// The first foreign key, from the last to the first, that begins with a column of the class; the first of
@@ -49,10 +51,14 @@ void Bridge::PreprocessOperation::shareIdentifier(ZORClass* cls) {
 
 void Bridge::PreprocessOperation::replaceByAssociations(ZORGeneralization* generalization) {
     if (generalization->getParents().size() != 1) {
+        leaveOut(generalization, "it does not have exactly one supertype");
         return;
     }
     ZORClass* supertype = generalization->getParents()[0];
     const ZORVector<ZORClass*>& subtypes = generalization->getChildren();
+    if (subtypes.isEmpty()) {
+        leaveOut(generalization, "it has no subtype");
+    }
     for (std::size_t i = subtypes.size(); i > 0; --i) {
         addAssociation(generalization, supertype, subtypes[i - 1]);
     }
@@ -64,6 +70,9 @@ void Bridge::PreprocessOperation::addAssociation(ZORGeneralization* generalizati
     ZORAssociation* association =
         generalization->getDesignPackage()->addModelElement(std::make_unique<ZORMDCGeneralization>());
     bridge_->auxiliary_.append(association);
+    if (bridge_->inspection_ != nullptr) {
+        bridge_->inspection_->standsFor(association, generalization);
+    }
     association->setName(generalization->getName());
     association->setDesignLevel(generalization->getDesignLevel());
     association->setAssociationKind(1);
@@ -85,9 +94,21 @@ ZORAssociationRole* Bridge::PreprocessOperation::addRole(ZORAssociation* associa
                                                          bool supertypeSide) {
     ZORAssociationRole* role = association->addRole(std::make_unique<ZORAssociationRole>());
     bridge_->auxiliary_.append(role);
+    if (bridge_->inspection_ != nullptr) {
+        bridge_->inspection_->standsFor(role, nullptr);
+    }
     role->setSupertypeSide(supertypeSide);
     role->setAssociatedClass(cls);
     return role;
+}
+
+void Bridge::PreprocessOperation::leaveOut(const ZORGeneralization* generalization, const char* reason) {
+    if (bridge_->modelView_ != MODEL_VIEW_DBM) {
+        bridge_->leaveOut(generalization, ERD, reason);
+    }
+    if (bridge_->modelView_ != MODEL_VIEW_ERD) {
+        bridge_->leaveOut(generalization, DBM, reason);
+    }
 }
 
 void Bridge::PreprocessOperation::splitIntoPairs(ZORGeneralization* generalization) {
@@ -103,6 +124,9 @@ void Bridge::PreprocessOperation::splitIntoPairs(ZORGeneralization* generalizati
             ZORGeneralization* copy = generalization->getDesignPackage()->addModelElement(
                 std::make_unique<ZORGeneralization>(*generalization));
             bridge_->auxiliary_.append(copy);
+            if (bridge_->inspection_ != nullptr) {
+                bridge_->inspection_->standsFor(copy, generalization);
+            }
             copy->addSupertypeClass(supertype);
             copy->addSubtypeClass(subtype);
         }

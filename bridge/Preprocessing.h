@@ -23,6 +23,8 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge::PreprocessOperation : public ZORT
     void replaceByAssociations(ZORGeneralization* generalization);
     void addAssociation(ZORGeneralization* generalization, ZORClass* supertype, ZORClass* subtype);
     ZORAssociationRole* addRole(ZORAssociation* association, ZORClass* cls, bool supertypeSide);
+    /// Notes for an inspection that the views have nothing for the generalization.
+    void leaveOut(const ZORGeneralization* generalization, const char* reason);
     /// One copy for every pair of a supertype and a subtype.
     void splitIntoPairs(ZORGeneralization* generalization);
 

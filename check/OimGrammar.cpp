@@ -224,13 +224,17 @@ constexpr KnownLooseReference LOOSE_REFERENCES[] = {
     {"dbm:JoinRoleColumnSet",
      "a relationship's table may be left out of the view, being of a class type that is no table"},
     {"dbm:UniqueKeyRoleUniqueKey", "the referenced key may be left out of the view, not being marked unique"},
-    {"dbm:ForeignKeyRoleForeignKey", "the foreign key may be left out with its table"},
+    {"dbm:ForeignKeyRoleForeignKey",
+     "the foreign key may be left out with its table, or with the last of several relationships that share "
+     "it"},
     {"erd:ParentRoleEntity",
      "a relationship's class may be left out of the view, being of a class type that is no entity"},
     {"erd:ChildRoleEntity",
      "a relationship's class may be left out of the view, being of a class type that is no entity"},
     {"erd:ParentRoleKey", "the referenced key may be left out of the view with its attributes"},
-    {"erd:ChildRoleKey", "the foreign key may be left out with its entity"},
+    {"erd:ChildRoleKey",
+     "the foreign key may be left out with its entity, or with the last of several relationships that share "
+     "it"},
 };
 
 /// Calls `take` for each of the words of a text.

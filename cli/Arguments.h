@@ -44,6 +44,9 @@ struct Arguments {
     /// In the order in which they are to be set.
     std::vector<BridgeSetting> bridgeOptions;
 
+    /// The name of the objects that `inspect` is to tell about; empty for a report on everything.
+    std::string askedName;
+
     /// What `options` is to show; empty for everything.
     std::string shownName;
 };

@@ -42,6 +42,17 @@ void setGivenOptions(ZOROptionList& options, const Arguments& arguments) {
     }
 }
 
+const View* givenView(const ZOROptionList& options, const Arguments& arguments) {
+    const auto& settings = arguments.bridgeOptions;
+    const auto last = std::find_if(settings.rbegin(), settings.rend(), [](const BridgeSetting& setting) {
+        return setting.displayName == "Model";
+    });
+    if (last == settings.rend()) {
+        return nullptr;
+    }
+    return findViewByBridgeValue(options.getValue("Model").view());
+}
+
 void setDefaultTypeSets(ZOROptionList& options, const Arguments& arguments, const std::string& databaseType) {
     std::vector<std::string> typeSets;
     if (const ZOROption* option = options.find("DBM TypeSet"); option != nullptr) {

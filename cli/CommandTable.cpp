@@ -49,17 +49,20 @@ Command exportCommand() {
 }
 
 Command inspectCommand() {
-    return {.name = "inspect",
-            .summary = "tell what would be read from a source",
-            .description =
-                "Reads SOURCE and tells what was read, by kind and package, and what the model cannot "
-                "hold. Writes nothing.",
-            .positionals = {sourceArgument()},
-            .groups = {OptionGroup::SOURCE, OptionGroup::SELECTION, OptionGroup::FINDINGS,
-                       OptionGroup::REPORT, OptionGroup::GENERAL},
-            .examples = {{"inspect shop.sqlite", "a report to read"},
-                         {"inspect shop.sqlite --format json", "the same for programs"}},
-            .run = runInspect};
+    return {
+        .name = "inspect",
+        .summary = "tell what would be read from a source and written of it",
+        .description =
+            "Reads SOURCE and tells what was read, by kind and package, what the model cannot hold, and "
+            "for each view how much of it is written, and why the rest is not. Writes nothing.",
+        .positionals = {sourceArgument()},
+        .groups = {OptionGroup::BRIDGE, OptionGroup::SOURCE, OptionGroup::SELECTION, OptionGroup::FINDINGS,
+                   OptionGroup::REASONS, OptionGroup::REPORT, OptionGroup::GENERAL},
+        .examples = {{"inspect shop.sqlite", "a report to read"},
+                     {"inspect shop.sqlite --view dbm --format json", "of one view, for programs"},
+                     {"inspect shop.sqlite --view erd --why customer.name",
+                      "why the column is, or is not, in the document"}},
+        .run = runInspect};
 }
 
 Command optionsCommand() {

@@ -22,18 +22,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The view that the user asks for, or null.
-const View* givenView(const ZOROptionList& options, const Arguments& arguments) {
-    const auto& settings = arguments.bridgeOptions;
-    const auto last = std::find_if(settings.rbegin(), settings.rend(), [](const BridgeSetting& setting) {
-        return setting.displayName == "Model";
-    });
-    if (last == settings.rend()) {
-        return nullptr;
-    }
-    return findViewByBridgeValue(options.getValue("Model").view());
-}
-
 const View& naturalView(const OpenedSource& source) {
     return *findViewByName(source.reader->describe().naturalView);
 }

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 
+#include "BridgeLog.h"
+#include "BridgeOptions.h"
 #include "Commands.h"
+#include "Failure.h"
+#include "InspectionReport.h"
 #include "ModelReading.h"
 #include "Text.h"
 
@@ -79,7 +83,8 @@ std::string lossRows(const readers::LossReport& losses) {
     return rows;
 }
 
-std::string textReport(const OpenedSource& source, const ReadModel& read) {
+std::string textReport(const OpenedSource& source, const ReadModel& read,
+                       const std::vector<ViewVerdicts>& verdicts) {
     const readers::ReaderDescription& reader = source.reader->describe();
     const bool databaseWords = reader.naturalView == "dbm";
     std::string report = fmt::format("{}: {} \"{}\"", printable(source.source.name()), reader.title,
@@ -92,10 +97,11 @@ std::string textReport(const OpenedSource& source, const ReadModel& read) {
     if (!read.counts.packages.empty()) {
         report += packageRows(read.counts.packages, databaseWords);
     }
-    return report + lossRows(read.losses);
+    return report + lossRows(read.losses) + describeVerdicts(verdicts, databaseWords);
 }
 
-std::string jsonReport(const OpenedSource& source, const ReadModel& read) {
+std::string jsonReport(const OpenedSource& source, const ReadModel& read,
+                       const std::vector<ViewVerdicts>& verdicts) {
     const readers::ReaderDescription& reader = source.reader->describe();
     JsonWriter json(2);
     json.beginObject()
@@ -120,21 +126,141 @@ std::string jsonReport(const OpenedSource& source, const ReadModel& read) {
             .member("detail", item.detail);
         json.endObject();
     }
-    return json.endList().endObject().text() + "\n";
+    json.endList().key("views");
+    writeVerdicts(json, verdicts);
+    return json.endObject().text() + "\n";
+}
+
+/// For reports that are not about one view as a whole.
+class NoLog : public ZORLog {
+  public:
+    void log(const ZORLogEvent& /*event*/) override {}
+};
+
+/// The bridge, and the views in which it is to tell of a model.
+class BridgeInspection {
+  public:
+    explicit BridgeInspection(const Arguments& arguments) : bridge_(loadBridge()) {
+        bridge_.getOptionList(options_);
+        setGivenOptions(options_, arguments);
+        const View* given = givenView(options_, arguments);
+        isGiven_ = given != nullptr;
+        needsUml_ = isGiven_ && !given->hasErd && !given->hasDbm;
+        // Together these two go through all that there is.
+        views_ = isGiven_ ? std::vector<std::string_view>{given->bridgeValue}
+                          : std::vector<std::string_view>{"UML", "ERD and DBM"};
+    }
+
+    /// What the model has to be sound for, lest nothing can be told.
+    ZORViewsToCheck viewsToCheck() const {
+        return needsUml_ ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML;
+    }
+
+    std::vector<ViewVerdicts> count(const ReadModel& read, const std::string& sourceName,
+                                    const Arguments& arguments, Console& console) {
+        std::vector<ViewVerdicts> all;
+        forEachView(read, sourceName, arguments, console, [&](ZORLog& log) {
+            for (ViewVerdicts& view : countVerdicts(bridge_, *read.model, options_, log)) {
+                all.push_back(std::move(view));
+            }
+        });
+        return all;
+    }
+
+    void tellOf(std::vector<NamedObject>& objects, const ReadModel& read, const std::string& sourceName,
+                const Arguments& arguments, Console& console) {
+        forEachView(read, sourceName, arguments, console,
+                    [&](ZORLog& log) { addVerdicts(bridge_, *read.model, options_, log, objects); });
+    }
+
+  private:
+    template <typename Work>
+    void forEachView(const ReadModel& read, const std::string& sourceName, const Arguments& arguments,
+                     Console& console, const Work& work) {
+        setDefaultTypeSets(options_, arguments, read.counts.databaseType);
+        BridgeLog bridgeLog(sourceName, console);
+        NoLog noLog;
+        for (const std::string_view view : views_) {
+            if (view == "UML" && !needsUml_ && !canBeUml(*read.model, sourceName, console)) {
+                continue;
+            }
+            options_.setValue("Model", view);
+            try {
+                work(isGiven_ && arguments.askedName.empty() ? static_cast<ZORLog&>(bridgeLog) : noLog);
+            } catch (const ZORException& error) {
+                const auto [id, text] = splitMessageId(error.getText().view());
+                throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, sourceName, id, text, {});
+            }
+        }
+    }
+
+    /// Warns of a model that has no UML view.
+    static bool canBeUml(ZORModel& model, const std::string& sourceName, Console& console) {
+        const std::vector<ZORString> faults = checkModel(model, 1, ZORViewsToCheck::ALL);
+        if (!faults.empty()) {
+            console.print({.level = Level::WARNING,
+                           .subject = sourceName,
+                           .text = fmt::format("it has no UML view: {}", faults.front().view())});
+        }
+        return faults.empty();
+    }
+
+    ZORBridge bridge_;
+    ZOROptionList options_;
+    std::vector<std::string_view> views_;
+    bool isGiven_ = false;
+    bool needsUml_ = false;
+};
+
+std::vector<NamedObject> findAsked(const ReadModel& read, const OpenedSource& source,
+                                   const Arguments& arguments) {
+    const bool databaseWords = source.reader->describe().naturalView == "dbm";
+    std::vector<NamedObject> found = findNamed(*read.model, arguments.askedName, databaseWords);
+    if (found.empty()) {
+        throw Failure(ExitCode::WRONG_USE, "--why",
+                      fmt::format("nothing that was read is called \"{}\".{}", arguments.askedName,
+                                  describeNearestNames(*read.model, arguments.askedName)));
+    }
+    return found;
+}
+
+std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSource& source,
+                        const Arguments& arguments) {
+    if (arguments.format == ReportFormat::TEXT) {
+        return describeNamed(objects);
+    }
+    JsonWriter json(2);
+    json.beginObject()
+        .member("source", source.source.name())
+        .member("name", arguments.askedName)
+        .key("objects");
+    writeNamed(json, objects);
+    return json.endObject().text() + "\n";
 }
 
 }  // namespace
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
+    BridgeInspection inspection(arguments);
     const SourceName name = parseSourceName(arguments.source);
     Progress progress(console);
     const OpenedSource source = openSource(name, progress);
-    const ReadModel read = readModel(source, arguments, console, progress);
+    const std::string& sourceName = source.source.name();
+    const ReadModel read = readModel(source, arguments, console, progress, inspection.viewsToCheck());
+    std::string report;
+    if (arguments.askedName.empty()) {
+        const std::vector<ViewVerdicts> verdicts = inspection.count(read, sourceName, arguments, console);
+        report = arguments.format == ReportFormat::JSON ? jsonReport(source, read, verdicts)
+                                                        : textReport(source, read, verdicts);
+    } else {
+        std::vector<NamedObject> objects = findAsked(read, source, arguments);
+        inspection.tellOf(objects, read, sourceName, arguments, console);
+        report = namedReport(objects, source, arguments);
+    }
     progress.stop();
-    writeStandardOutput(arguments.format == ReportFormat::JSON ? jsonReport(source, read)
-                                                               : textReport(source, read));
+    writeStandardOutput(report);
     requireContent(read, source, arguments);
-    return concludeRun(read, source.source.name(), arguments, console);
+    return concludeRun(read, sourceName, arguments, console);
 }
 
 }  // namespace cli

@@ -91,13 +91,15 @@ void appendOutputOptions(std::vector<OptionEntry>& table) {
 }
 
 void appendBridgeOptions(std::vector<OptionEntry>& table) {
-    table.push_back({.name = "view",
-                     .value = "VIEW",
-                     .description = "the view of the model to write; left out, the one that suits the source",
-                     .group = OptionGroup::BRIDGE,
-                     .permitted = viewNames(),
-                     .bridgeOption = "Model",
-                     .take = takeView});
+    table.push_back(
+        {.name = "view",
+         .value = "VIEW",
+         .description = "the view of the model; left out, the one that suits the source, for \"inspect\" all "
+                        "of them",
+         .group = OptionGroup::BRIDGE,
+         .permitted = viewNames(),
+         .bridgeOption = "Model",
+         .take = takeView});
     table.push_back({.name = "dbm-typeset",
                      .value = "TYPESET",
                      .description =
@@ -118,7 +120,7 @@ void appendBridgeOptions(std::vector<OptionEntry>& table) {
                      .description =
                          "indent the document by so many blanks (0 to 16) per level, or by \"tab\" or "
                          "\"none\"; left out, none",
-                     .group = OptionGroup::BRIDGE,
+                     .group = OptionGroup::OUTPUT,
                      .bridgeOption = "XML Indentation (pretty printing)",
                      .take = takeIndent});
     table.push_back({.name = "set",
@@ -209,6 +211,14 @@ void appendFindingsAndReportOptions(std::vector<OptionEntry>& table) {
                      .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
                          arguments.allowEmpty = true;
                      }});
+    table.push_back({.name = "why",
+                     .value = "NAME",
+                     .description = "tell of the objects of this name whether they are written, and why not; "
+                                    "\"TABLE.COLUMN\" names a part",
+                     .group = OptionGroup::REASONS,
+                     .take = [](Arguments& arguments, const OptionEntry&, const std::string& value) {
+                         arguments.askedName = value;
+                     }});
     table.push_back({.name = "format",
                      .value = "FORMAT",
                      .description = "the form of the report; left out, text",
@@ -283,6 +293,8 @@ std::string_view describeGroup(OptionGroup group) {
             return "Selection (of databases; PATTERN may hold * and ?, the most specific pattern decides)";
         case OptionGroup::FINDINGS:
             return "Findings";
+        case OptionGroup::REASONS:
+            return "Reasons";
         case OptionGroup::REPORT:
             return "Report";
         case OptionGroup::GENERAL:

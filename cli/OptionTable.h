@@ -15,6 +15,7 @@ enum class OptionGroup {
     SOURCE,     ///< how the source is read
     SELECTION,  ///< which parts of the source are wanted
     FINDINGS,   ///< what losses and warnings lead to
+    REASONS,    ///< what a report goes into
     REPORT,     ///< the form of a report
     GENERAL     ///< every command's
 };

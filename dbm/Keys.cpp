@@ -71,6 +71,8 @@ void Bridge::printDBMIndex(ZORIndex* index) {
     for (ZORIndexMember* member : getIndexMemberByPosition(*index)) {
         if (isExportableDBMModelObject(member->getAttribute())) {
             printDBMIndexMember(member);
+        } else {
+            leaveOutWith(member, DBM, "its column \"{0}\" is left out", member->getAttribute());
         }
     }
     endTag("dbm:IndexIndexColumns"_z);

@@ -19,11 +19,11 @@ bool Bridge::isExportableDBMAssociation(ZORAssociation* association) const {
     }
     for (ZORAssociationRole* role : roles) {
         if (!isExportableDBMAssociationRole(role)) {
-            return leaveOut(association, DBM, "its role at \"{0}\" is left out", role->getAssociatedClass());
+            return leaveOutWith(association, DBM, nullptr, role);
         }
     }
     if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
-        return leaveOut(association, DBM, "neither of its roles has a foreign key");
+        return leaveOut(association, DBM, "no foreign key stands behind it");
     }
     mark = MARK_EXPORTABLE;
     return true;
@@ -37,10 +37,10 @@ bool Bridge::isExportableDBMAssociationRole(ZORAssociationRole* role) const {
     mark = MARK_NOT_EXPORTABLE;
     ZORForeignKey* key = role->getForeignKey();
     if (!isExportableDBMModelObject(role->getAssociatedClass())) {
-        return leaveOut(role, DBM, "its class \"{0}\" is logical only", role->getAssociatedClass());
+        return leaveOutWith(role, DBM, "its table \"{0}\" is left out", role->getAssociatedClass());
     }
     if (key != nullptr && !isExportableDBMForeignKey(key)) {
-        return leaveOut(role, DBM, "its foreign key \"{0}\" is left out", key);
+        return leaveOutWith(role, DBM, "its foreign key \"{0}\" is left out", key);
     }
     mark = MARK_EXPORTABLE;
     return true;

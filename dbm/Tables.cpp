@@ -9,7 +9,7 @@ bool Bridge::isExportableDBMClass(ZORClass* cls) const {
     if (mark == MARK_UNDECIDED) {
         const bool isTable = cls->getClassType() == 0 || cls->getClassType() == 1;
         const bool exportable = isExportableDBMModelObject(cls) &&
-                                (isTable || leaveOut(cls, DBM, "it is of a class type that is no table"));
+                                (isTable || leaveOut(cls, DBM, "a class of its type is no table"));
         mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
     }
     return mark == MARK_EXPORTABLE;
@@ -24,7 +24,7 @@ bool Bridge::isExportableDBMTableForeignKey(ZORKey* key) const {
         return leaveOut(key, DBM, "it belongs to no relationship");
     }
     return isExportableDBMAssociation(role->getAssociation()) ||
-           leaveOut(key, DBM, "its relationship \"{0}\" is left out", role->getAssociation());
+           leaveOutWith(key, DBM, "its relationship \"{0}\" is left out", role->getAssociation());
 }
 
 void Bridge::printDBMClass(ZORClass* cls) {

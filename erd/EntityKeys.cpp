@@ -7,16 +7,18 @@ using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 bool Bridge::isExportableERDKey(ZORKey* key) const {
     if (key->getElementType() == ZOR_CANDIDATE_KEY) {
         if (!isExportableERDClass(key->getAssociatedClass())) {
-            return leaveOut(key, ERD, "its class \"{0}\" is no entity", key->getAssociatedClass());
+            return leaveOutWith(key, ERD, "its class \"{0}\" is left out", key->getAssociatedClass());
         }
         return isExportableERDCandidateKey(static_cast<ZORCandidateKey*>(key));
     }
+    // Of several relationships and generalizations that share the key, the one that has it as its own
+    // decides: another one that is written refers to the key even when this one leaves it out.
     const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
     if (role == nullptr) {
         return leaveOut(key, ERD, "it belongs to no relationship");
     }
     return isExportableERDAssociation(role->getAssociation()) ||
-           leaveOut(key, ERD, "its relationship \"{0}\" is left out", role->getAssociation());
+           leaveOutWith(key, ERD, "its relationship \"{0}\" is left out", role->getAssociation());
 }
 
 bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {

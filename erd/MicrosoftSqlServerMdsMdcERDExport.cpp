@@ -33,9 +33,8 @@ bool Bridge::isExportableERDClass(ZORClass* entity) const {
     unsigned char& mark = getERDMark(entity);
     if (mark == MARK_UNDECIDED) {
         const bool isEntity = entity->getClassType() == 0 || entity->getClassType() == 1;
-        const bool exportable =
-            isExportableERDModelObject(entity) &&
-            (isEntity || leaveOut(entity, ERD, "it is of a class type that is no entity"));
+        const bool exportable = isExportableERDModelObject(entity) &&
+                                (isEntity || leaveOut(entity, ERD, "a class of its type is no entity"));
         mark = exportable ? MARK_EXPORTABLE : MARK_NOT_EXPORTABLE;
     }
     return mark == MARK_EXPORTABLE;

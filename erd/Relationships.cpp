@@ -41,11 +41,11 @@ bool Bridge::isExportableERDAssociation(ZORAssociation* association) const {
     }
     for (ZORAssociationRole* role : roles) {
         if (!isExportableERDAssociationRole(role)) {
-            return leaveOut(association, ERD, "its role at \"{0}\" is left out", role->getAssociatedClass());
+            return leaveOutWith(association, ERD, nullptr, role);
         }
     }
     if (roles[0]->getForeignKey() == nullptr && roles[1]->getForeignKey() == nullptr) {
-        return leaveOut(association, ERD, "neither of its roles has a foreign key");
+        return leaveOut(association, ERD, "no foreign key stands behind it");
     }
     mark = MARK_EXPORTABLE;
     return true;
@@ -59,10 +59,10 @@ bool Bridge::isExportableERDAssociationRole(ZORAssociationRole* role) const {
     mark = MARK_NOT_EXPORTABLE;
     ZORForeignKey* key = role->getForeignKey();
     if (!isExportableERDModelObject(role->getAssociatedClass())) {
-        return leaveOut(role, ERD, "its class \"{0}\" is physical only", role->getAssociatedClass());
+        return leaveOutWith(role, ERD, "its class \"{0}\" is left out", role->getAssociatedClass());
     }
     if (key != nullptr && !isExportableERDForeignKey(key)) {
-        return leaveOut(role, ERD, "its foreign key \"{0}\" is left out", key);
+        return leaveOutWith(role, ERD, "its foreign key \"{0}\" is left out", key);
     }
     mark = MARK_EXPORTABLE;
     return true;

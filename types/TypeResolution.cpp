@@ -32,6 +32,7 @@ const DTMTypeMap* Bridge::getDTMTypeMap(const ZORType* type, const DTMTypeMap* t
 
 int Bridge::getDTMTypeID(MDCTypeSet& set, MDCSubjectArea area, ZORType* type) {
     if (area != ERD) {
+        tellWritten(type, "dbm:ColumnType"_z);
         const auto* block = static_cast<const int*>(type->getGeneralPointer());
         if (block != nullptr && block[area] != 0) {
             return block[area];

@@ -10,17 +10,19 @@ bool Bridge::isExportableUMLAssociation(const ZORAssociation* association) const
     }
     for (const ZORAssociationRole* role : association->getRoles()) {
         if (!isExportableUMLModelObject(role->getAssociatedClass())) {
-            return leaveOut(association, UML, "its class \"{0}\" is physical only",
-                            role->getAssociatedClass());
+            return leaveOutWith(association, UML, "its class \"{0}\" is left out",
+                                role->getAssociatedClass());
         }
     }
     return true;
 }
 
 bool Bridge::isExportableUMLGeneralization(const ZORGeneralization* generalization) const {
-    if (generalization->getParents().size() != 1 || generalization->getChildren().size() != 1) {
-        return leaveOut(generalization, UML,
-                        "it is written as one generalization for each pair of its classes");
+    if (generalization->getParents().isEmpty() || generalization->getChildren().isEmpty()) {
+        return leaveOut(generalization, UML, "it does not have both a supertype and a subtype");
+    }
+    if (generalization->getParents().size() > 1 || generalization->getChildren().size() > 1) {
+        return false;  // its pairs are written in its place, and tell what becomes of it
     }
     return isExportableUMLModelObject(generalization) &&
            areEndsExportable(generalization, generalization->getParents()[0],
@@ -41,7 +43,7 @@ bool Bridge::areEndsExportable(const ZORModelObject* relationship, const ZORClas
                                const ZORClass* otherEnd) const {
     for (const ZORClass* cls : {end, otherEnd}) {
         if (!isExportableUMLModelObject(cls)) {
-            return leaveOut(relationship, UML, "its class \"{0}\" is physical only", cls);
+            return leaveOutWith(relationship, UML, "its class \"{0}\" is left out", cls);
         }
     }
     return true;

@@ -47,6 +47,7 @@ void Bridge::printUMLClass(ZORClass* cls, CommentList& comments) {
     propertyAttribute("visibility"_z, getXMLVisibility(cls->getVisibility()));
     closeTag(false);
     if (cls->getAssociation() != nullptr) {
+        tellWritten(cls->getAssociation(), getUMLClassTag(cls));
         printUMLConnection(cls->getAssociation(), comments, constraints);
     }
     printUMLClassStereotype(cls);

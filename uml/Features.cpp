@@ -13,7 +13,7 @@ bool Bridge::isExportableUMLAttribute(const ZORAttribute* attribute) const {
     // Members of foreign keys came from another class; the association stands for them.
     for (const ZORKey* key : attribute->getKeys()) {
         if (key->getElementType() == ZOR_FOREIGN_KEY) {
-            return leaveOut(attribute, UML, "it is a member of the foreign key \"{0}\"", key);
+            return leaveOut(attribute, UML, "the relationship of the foreign key \"{0}\" stands for it", key);
         }
     }
     return true;

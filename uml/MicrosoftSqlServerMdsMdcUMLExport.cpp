@@ -54,11 +54,11 @@ bool Bridge::isExportableUMLElement(const ZORModelElement* element) const {
         case ZOR_GENERALIZATION:
             return isExportableUMLGeneralization(static_cast<const ZORGeneralization*>(element));
         case ZOR_ASSOCIATION: {
-            // An association that has a class is written by that class.
+            // An association that has a class is written by that class, if at all.
             const auto* association = static_cast<const ZORAssociation*>(element);
             if (association->getAssociationClass() != nullptr) {
-                return leaveOut(association, UML, "its association class \"{0}\" is written in its place",
-                                association->getAssociationClass());
+                return leaveOutWith(association, UML, "its association class \"{0}\" is left out",
+                                    association->getAssociationClass());
             }
             return isExportableUMLAssociation(association);
         }
@@ -76,7 +76,10 @@ bool Bridge::isExportableUMLElement(const ZORModelElement* element) const {
 
 bool Bridge::isExportableUMLType(const ZORType* type) const {
     if (type->getElementType() == ZOR_CLASS_TYPE) {
-        return leaveOut(type, UML, "its class is written in its place");
+        const ZORClass* cls = static_cast<const ZORClassType*>(type)->getAssociatedClass();
+        return isExportableUMLModelObject(cls)
+                   ? leaveOut(type, UML, "its class \"{0}\" is written in its place", cls)
+                   : leaveOutWith(type, UML, "its class \"{0}\" is left out", cls);
     }
     const bool isUnused = type->getTypedObjects().isEmpty() && type->getBasedTypes().isEmpty();
     if (type->getElementType() == ZOR_CONCRETE_TYPE && isUnused) {

@@ -24,11 +24,14 @@ struct ZORBridgeSpecification {
 class ZORExportObserver {
   public:
     virtual ~ZORExportObserver() = default;
-    /// An element is written for the object. The tag may have attribute text behind it.
-    virtual void written(const ZORObject* object, const ZORString& tag) = 0;
-    /// The object is left out of a subject area ("uml", "erd" or "dbm"). The reason is the second half of a
-    /// sentence about it: "it is logical only".
-    virtual void leftOut(const ZORObject* object, const char* area, const ZORString& reason) = 0;
+    /// The object is written to a subject area ("uml", "erd" or "dbm") as an element of this tag, or as part
+    /// of one.
+    virtual void written(const ZORObject* object, const char* area, const ZORString& tag) = 0;
+    /// The object is left out of a subject area. The reason is the second half of a sentence about it: "its
+    /// class \"Order\" is left out: it is logical only". The reason in general is short and names no
+    /// objects, so that one can count how often it holds: "its class is left out".
+    virtual void leftOut(const ZORObject* object, const char* area, const ZORString& reason,
+                         const ZORString& reasonInGeneral) = 0;
 };
 
 /// What an export bridge may offer besides: its interface object is then one of this class too, as a
@@ -36,8 +39,9 @@ class ZORExportObserver {
 class ZORBridgeInspectionInterface {
   public:
     virtual ~ZORBridgeInspectionInterface();
-    /// Goes through a whole export, whose document is thrown away, and tells the observer of every object.
-    /// The option "File" has no effect.
+    /// Goes through a whole export, whose document is thrown away, and then tells the observer once of every
+    /// object of the model for each subject area that the document would have, owners before their parts.
+    /// The model is then as it was before. The option "File" has no effect.
     virtual void inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
                          ZORExportObserver& observer) = 0;
 };

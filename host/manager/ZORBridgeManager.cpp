@@ -138,6 +138,20 @@ std::string describeKnown(const std::string& name, const std::vector<ZORString>&
     return sentence;
 }
 
+void requireSound(ZORModel& model, const ZOROptionList& options) {
+    constexpr std::size_t MOST_FAULTS = 20;
+    // One more than is told, so that it can be told whether there are more.
+    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1, viewsOf(options));
+    if (faults.empty()) {
+        return;
+    }
+    ZORString text = "The model \"" + model.getDisplayName() + "\" is not sound:";
+    for (std::size_t i = 0; i < std::min(faults.size(), MOST_FAULTS); ++i) {
+        text.append("\n").append(faults[i]);
+    }
+    throw ZORException(faults.size() > MOST_FAULTS ? text + "\nThere are more faults." : text);
+}
+
 using Factory = ZORBridgeExportInterface*();
 
 }  // namespace
@@ -202,22 +216,23 @@ ZORString ZORBridge::getMappingSpecificationXmlFile() const {
 }
 
 void ZORBridge::run(ZORModel& model, ZOROptionList& options, ZORLog& log) const {
-    constexpr std::size_t MOST_FAULTS = 20;
-    // One more than is told, so that it can be told whether there are more.
-    const std::vector<ZORString> faults = checkModel(model, MOST_FAULTS + 1, viewsOf(options));
-    if (!faults.empty()) {
-        ZORString text = "The model \"" + model.getDisplayName() + "\" is not sound:";
-        for (std::size_t i = 0; i < std::min(faults.size(), MOST_FAULTS); ++i) {
-            text.append("\n").append(faults[i]);
-        }
-        throw ZORException(faults.size() > MOST_FAULTS ? text + "\nThere are more faults." : text);
-    }
+    requireSound(model, options);
     const ZORString fileName = options.getValue("File");
     const bool completed =
         guarded(getName(), [&] { return getInterface().run(fileName, model, options, log); });
     if (!completed) {
         throw ZORException("The bridge \"" + getName() + "\" did not complete the export.");
     }
+}
+
+void ZORBridge::inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
+                        ZORExportObserver& observer) const {
+    auto* inspection = dynamic_cast<ZORBridgeInspectionInterface*>(&getInterface());
+    if (inspection == nullptr) {
+        throw ZORException("The bridge \"" + getName() + "\" does not tell what it would write.");
+    }
+    requireSound(model, options);
+    guarded(getName(), [&] { inspection->inspect(model, options, log, observer); });
 }
 
 ZORBridgeManager::ZORBridgeManager(ZORString folder)

@@ -23,6 +23,10 @@ class ZORBridge {
     /// lists what is wrong, a line each) or the export fails; the model is as before in either case.
     void run(ZORModel& model, ZOROptionList& options, ZORLog& log) const;
 
+    /// Checks the model and lets the bridge tell the observer what it would write of it. Throws a
+    /// ZORException when the model is unsound, the bridge does not offer this, or it fails.
+    void inspect(ZORModel& model, ZOROptionList& options, ZORLog& log, ZORExportObserver& observer) const;
+
     /// The bridge's own interface object.
     ZORBridgeExportInterface& getInterface() const noexcept;
 

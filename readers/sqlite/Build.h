@@ -9,6 +9,7 @@
 #include "Catalog.h"
 #include "Selection.h"
 #include "TypeTable.h"
+#include "ValueList.h"
 #include "ZOR.h"
 
 namespace readers::sqlite {
@@ -21,6 +22,8 @@ struct TableModel {
     const TableFacts* facts = nullptr;
     ZORClass* cls = nullptr;
     std::vector<ZORAttribute*> attributes;  ///< by the index of the column; null for hidden columns
+    /// The CHECKs that became types of columns.
+    std::vector<const CheckConstraint*> valueChecks = {};
 
     /// Null when there is none.
     ZORAttribute* attribute(int columnIndex) const noexcept;

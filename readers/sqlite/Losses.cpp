@@ -1,5 +1,7 @@
 // What a CREATE TABLE statement says and a model cannot hold.
 
+#include <algorithm>
+
 #include "Build.h"
 #include "Definitions.h"
 #include "SqlTokens.h"
@@ -10,8 +12,8 @@ namespace {
 
 class TableLosses {
   public:
-    TableLosses(LossReport& losses, const TableFacts& table)
-        : losses_(losses), table_(table), definition_(table.definition) {}
+    TableLosses(LossReport& losses, const TableModel& model)
+        : losses_(losses), model_(model), table_(*model.facts), definition_(model.facts->definition) {}
 
     void report() {
         if (table_.isVirtual) {
@@ -24,9 +26,7 @@ class TableLosses {
         reportColumns();
         reportKeys();
         reportReferences();
-        for (const CheckConstraint& check : definition_.checks) {
-            add("CHECK expressions", check.column.empty() ? check.name : check.column, check.expression);
-        }
+        reportChecks();
     }
 
   private:
@@ -70,6 +70,15 @@ class TableLosses {
         }
     }
 
+    void reportChecks() {
+        const auto& kept = model_.valueChecks;
+        for (const CheckConstraint& check : definition_.checks) {
+            if (std::find(kept.begin(), kept.end(), &check) == kept.end()) {
+                add("CHECK expressions", check.column.empty() ? check.name : check.column, check.expression);
+            }
+        }
+    }
+
     void addCollation(const std::string& part, const std::string& collation) {
         if (!collation.empty() && !equalIgnoringCase(collation, "BINARY")) {
             add("collations", part, collation);
@@ -87,6 +96,7 @@ class TableLosses {
     }
 
     LossReport& losses_;
+    const TableModel& model_;
     const TableFacts& table_;
     const TableDefinition& definition_;
 };
@@ -94,7 +104,7 @@ class TableLosses {
 }  // namespace
 
 void reportTableLosses(Build& build, const TableModel& table) {
-    TableLosses(build.losses, *table.facts).report();
+    TableLosses(build.losses, table).report();
     if (!table.facts->definition.complete) {
         build.warn(placeOf(table.facts->name),
                    "the table's statement is not understood in full; names of constraints may be missing");

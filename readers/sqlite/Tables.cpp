@@ -36,6 +36,24 @@ std::unique_ptr<ZORAttribute> attributeOf(Build& build, const TableFacts& table,
     return attribute;
 }
 
+/// The name of a constraint finds a place here, as it does in no other part of a type.
+std::string commentsOf(const CheckConstraint& check) {
+    return check.name.empty() ? std::string() : "Constraint " + check.name;
+}
+
+/// Columns whose values a CHECK lists get a type of their own.
+void addValueTypes(Build& build, TableModel& table) {
+    for (const ColumnValues& values : findColumnValues(table.facts->definition)) {
+        if (ZORAttribute* attribute = table.attribute(values.list.column)) {
+            const std::string name = table.facts->name + "_" + std::string(attribute->getName().view());
+            ZORType* type = build.types.addValueType(name, attribute->getType(), values.list);
+            type->setComments(ZORString(commentsOf(*values.check)));
+            attribute->setType(type);
+            table.valueChecks.push_back(values.check);
+        }
+    }
+}
+
 void addColumns(Build& build, TableModel& table) {
     std::int16_t position = 0;
     for (const ColumnFacts& column : table.facts->columns) {
@@ -59,7 +77,13 @@ Build::Build(const Connection& theConnection, const Catalog& theCatalog, const R
       monitor(theMonitor),
       losses(theMonitor.context().losses),
       matcher(theRequest.selection, LetterCase::IGNORED),
-      types(model) {}
+      types(model) {
+    for (const TableFacts& facts : catalog.tables) {
+        for (const ColumnFacts& column : facts.columns) {
+            types.reserve(column.type);
+        }
+    }
+}
 
 ZORAttribute* TableModel::attribute(int columnIndex) const noexcept {
     const auto index = static_cast<std::size_t>(columnIndex);
@@ -116,6 +140,7 @@ void addTables(Build& build) {
         build.tableIndexes.emplace(foldCase(facts.name), build.tables.size());
         build.tables.push_back({&facts, build.package->addModelElement(std::move(cls)), {}});
         addColumns(build, build.tables.back());
+        addValueTypes(build, build.tables.back());
         if (!facts.problem.empty()) {
             build.warn(placeOf(facts.name),
                        "the columns of the virtual table cannot be asked for: " + facts.problem);

@@ -10,6 +10,14 @@ namespace {
 
 constexpr std::string_view AUTOINCREMENT = "AUTOINCREMENT";
 
+std::string nameOf(const std::string& declared) {
+    return declared.empty() ? "BLOB" : declared;
+}
+
+std::string autoIncrementNameOf(const std::string& declared) {
+    return declared + " AUTOINCREMENT";
+}
+
 std::string_view withoutSize(std::string_view declared) {
     return declared.substr(0, declared.find('('));
 }
@@ -57,11 +65,38 @@ TypeSize sizeOf(std::string_view declared) {
 ZORType* TypeTable::typeOf(const std::string& declared) {
     const std::string_view name = withoutSize(declared);
     const bool isKnown = name != AUTOINCREMENT && !getOldDataType(ZORString(name)).isEmpty();
-    return findOrAdd(declared.empty() ? "BLOB" : declared, declared, isKnown ? name : affinityOf(declared));
+    return findOrAdd(nameOf(declared), declared, isKnown ? name : affinityOf(declared));
 }
 
 ZORType* TypeTable::autoIncrementTypeOf(const std::string& declared) {
-    return findOrAdd(declared + " AUTOINCREMENT", declared, AUTOINCREMENT);
+    return findOrAdd(autoIncrementNameOf(declared), declared, AUTOINCREMENT);
+}
+
+void TypeTable::reserve(const std::string& declared) {
+    names_.insert(foldCase(nameOf(declared)));
+    names_.insert(foldCase(autoIncrementNameOf(declared)));
+}
+
+ZORType* TypeTable::addValueType(const std::string& name, ZORType* base, const ValueList& list) {
+    std::string unique = name;
+    for (int number = 2; !names_.insert(foldCase(unique)).second; ++number) {
+        unique = name + "_" + std::to_string(number);
+    }
+    auto type = std::make_unique<ZORDerivedType>();
+    type->setName(ZORString(unique));
+    type->setDataType(base->getDataType());
+    type->setLength(base->getLength());
+    type->setScale(base->getScale());
+    for (const ValueList::Value& permitted : list.values) {
+        auto value = std::make_unique<ZORTypeValue>();
+        value->setName(ZORString(permitted.text));
+        value->setValue(ZORString(permitted.text));
+        value->setCode(permitted.code);
+        type->addTypeValue(std::move(value));
+    }
+    ZORDerivedType* added = model_.addType(std::move(type));
+    added->setBaseType(base);
+    return added;
 }
 
 ZORType* TypeTable::findOrAdd(const std::string& name, const std::string& declared,

@@ -3,7 +3,9 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
+#include "ValueList.h"
 #include "ZOR.h"
 
 namespace readers::sqlite {
@@ -21,12 +23,18 @@ class TypeTable {
     /// `declared` is normalised, and empty for a column without a declared type.
     ZORType* typeOf(const std::string& declared);
     ZORType* autoIncrementTypeOf(const std::string& declared);
+    /// Takes the name for a type that a declaration makes, whether that declaration comes first or not.
+    void reserve(const std::string& declared);
+    /// A new type that is like `base` in all that a database sees of it, and permits only these values. It is
+    /// called `name`, with a number behind it where a declared type or another one like it is called so.
+    ZORType* addValueType(const std::string& name, ZORType* base, const ValueList& list);
 
   private:
     ZORType* findOrAdd(const std::string& name, const std::string& declared, std::string_view dataType);
 
     ZORModel& model_;
-    std::unordered_map<std::string, ZORType*> types_;  ///< by name in small letters
+    std::unordered_map<std::string, ZORType*> types_;  ///< declared ones, by name in small letters
+    std::unordered_set<std::string> names_;            ///< of all types, in small letters
 };
 
 /// The old-style key for the affinity that SQLite gives a declared type.

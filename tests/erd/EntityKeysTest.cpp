@@ -111,6 +111,19 @@ TEST_F(EntityKeys, ThatAreForeignNeedARoleAndGoWithItsAssociation) {
     EXPECT_FALSE(isWritten(foreignKey));
 }
 
+TEST_F(EntityKeys, SharedByRelationshipsGoWithTheLastOneThoughTheOthersReferToThem) {
+    model.addRelationship("last", foreignKey);
+    EXPECT_TRUE(isWritten(foreignKey));
+    makePhysical(association);
+    EXPECT_TRUE(isWritten(foreignKey));
+    association->setDesignLevel(ZOR_LOGICAL_AND_PHYSICAL);
+    makePhysical(foreignKey->getAssociationRole()->getAssociation());
+    EXPECT_FALSE(isWritten(foreignKey));
+    const std::string text = exportModel(*model.model(), {{"Model", "ERD"}});
+    EXPECT_EQ(count(text, "<erd:ChildRoleKey>"), 1U) << "the first relationship is written all the same";
+    EXPECT_EQ(count(text, "KeyType=\"4\""), 0U);
+}
+
 class ForeignKeysOfEntities : public EntityKeys {
   protected:
     /// What the filter of the key itself says, not that of its association.

@@ -21,6 +21,8 @@ class ModelBuilder {
     }
 
     ZORModel* model() const { return model_.get(); }
+    /// The model, which the builder has no more of then.
+    std::unique_ptr<ZORModel> take() { return std::move(model_); }
     /// The package that elements are added to; the first one is made when it is needed.
     ZORDesignPackage* package() {
         if (package_ == nullptr) {

@@ -38,6 +38,20 @@ std::string referencedBy(const ZORForeignKey& key) {
     return "(" + list + ")";
 }
 
+std::string describeType(const ZORType& type) {
+    std::string text(type.getName().view());
+    if (type.getBaseType() != nullptr) {
+        text += " (" + std::string(type.getBaseType()->getName().view());
+        const char* between = ": ";
+        for (const ZORTypeValue* value : type.getTypeValues()) {
+            text += between + std::string(value->getValue().view());
+            between = "|";
+        }
+        text += ")";
+    }
+    return text;
+}
+
 class Describer {
   public:
     std::string describe(const ZORModel& model) {
@@ -66,7 +80,7 @@ class Describer {
     void describeTable(const ZORClass& table) {
         out_ << "table " << table.getName().view() << "\n";
         for (const ZORAttribute* column : table.getAttributes()) {
-            out_ << "  " << column->getName().view() << " " << column->getType()->getName().view()
+            out_ << "  " << column->getName().view() << " " << describeType(*column->getType())
                  << (column->isOptional() ? " null" : "");
             if (!column->getInitialValue().isEmpty()) {
                 out_ << " = " << column->getInitialValue().view();

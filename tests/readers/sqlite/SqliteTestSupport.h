@@ -70,6 +70,7 @@ std::string errorOf(const readers::Reader& reader, const readers::Source& source
 ///     table child
 ///       id INTEGER
 ///       parent INTEGER null = 0
+///       state child_state (TEXT: open|closed)
 ///       primary child_pk (id)
 ///       foreign child_parent_fk (parent) -> parent.parent_pk (id)
 ///       index by_parent (parent desc) backs child_parent_fk
