@@ -11,6 +11,9 @@ namespace {
 
 /// Bytes at a document's beginning by which UTF-16 and UTF-32 are told from UTF-8.
 constexpr std::size_t LONGEST_MARK = 2;
+/// Bytes that are handed to the parser at once: normally, and at most.
+constexpr std::size_t STEP = std::size_t{1} << 20U;
+constexpr std::size_t LONGEST_PORTION = std::size_t{1} << 29U;
 
 std::string_view view(const xmlChar* text) {
     return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
@@ -75,20 +78,38 @@ DocumentCheck::Parser::~Parser() {
 }
 
 bool DocumentCheck::Parser::feed(const char* bytes, std::size_t count) {
-    constexpr std::size_t STEP = std::size_t{1} << 20U;
     summary_.bytes += count;
     start_.append(bytes, std::min(count, LONGEST_MARK - std::min(LONGEST_MARK, start_.size())));
     while (count > 0 && !stopped_) {
         const std::size_t step = std::min(count, STEP);
-        xmlParseChunk(context_, bytes, static_cast<int>(step), 0);
-        rethrow();
+        held_.append(bytes, step);
+        if (held_.size() >= std::min(unread(), LONGEST_PORTION)) {
+            push();
+        }
         bytes += step;
         count -= step;
     }
     return !stopped_;
 }
 
+/// How much of the document waits for the end of a tag.
+std::size_t DocumentCheck::Parser::unread() const {
+    return context_->input == nullptr ? 0
+                                      : static_cast<std::size_t>(context_->input->end - context_->input->cur);
+}
+
+/// libxml2 looks through all that waits whenever something comes: what comes is held back until it is as much
+/// again, so that a very long value does not take the square of its length.
+void DocumentCheck::Parser::push() {
+    xmlParseChunk(context_, held_.data(), static_cast<int>(held_.size()), 0);
+    held_.clear();
+    rethrow();
+}
+
 Summary DocumentCheck::Parser::finish() {
+    if (!stopped_) {
+        push();
+    }
     if (!stopped_) {
         xmlParseChunk(context_, nullptr, 0, 1);
         rethrow();
@@ -179,8 +200,10 @@ void DocumentCheck::Parser::onError(void* context, xmlErrorPtr error) {
         std::string text = error->message == nullptr ? "unknown error" : error->message;
         if (error->code == XML_ERR_DOCUMENT_END && !parser.open_.empty()) {
             text = "the document ends before its elements do";
-        } else if (error->code == XML_ERR_DOCUMENT_EMPTY || parser.summary_.bytes == 0) {
+        } else if (parser.summary_.bytes == 0) {
             text = "there is nothing in the document";
+        } else if (error->code == XML_ERR_DOCUMENT_EMPTY) {
+            text = "this is no XML";
         }
         while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
             text.pop_back();

@@ -53,6 +53,8 @@ class DocumentCheck::Parser {
     template <typename Work>
     void guard(const Work& work);
     void rethrow();
+    std::size_t unread() const;
+    void push();
     void checkEncoding();
     Identifiers::Place place() const;
     Identifiers::Place startOfTag() const;
@@ -86,6 +88,7 @@ class DocumentCheck::Parser {
     bool stopped_ = false;
     bool rootSeen_ = false;
     std::exception_ptr failure_;
+    std::string held_;                             // bytes that the parser has yet to get
     std::vector<std::string> undeclaredPrefixes_;  // that were told
     std::string start_;                            // of the document: the bytes that tell the encoding
 };

@@ -43,6 +43,7 @@ Command exportCommand() {
                           "some tables only"},
                          {"export json:model.txt - --view dbm | gzip > model.xml.gz",
                           "a model document of any name, into a pipe"},
+                         {"export shop.sqlite shop.xml --check", "checked, as \"oimbridge check\" does"},
                          {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
                           "with an option of the bridge"}},
             .run = runExport};
@@ -60,6 +61,25 @@ Command inspectCommand() {
             .examples = {{"inspect shop.sqlite", "a report to read"},
                          {"inspect shop.sqlite --format json", "the same for programs"}},
             .run = runInspect};
+}
+
+Command checkCommand() {
+    return {
+        .name = "check",
+        .summary = "check an OIM document",
+        .description =
+            "Reads an OIM XML document and tells what is wrong with it: XML that is not well-formed or "
+            "not UTF-8, elements, attributes and values that are unknown or out of place, identifiers that "
+            "are given twice, references that lead nowhere. Writes nothing.",
+        .positionals = {{.name = "FILE.xml",
+                         .description = "the document; \"-\" is standard input",
+                         .required = true,
+                         .take = [](Arguments& arguments,
+                                    const std::string& value) { arguments.source = value; }}},
+        .groups = {OptionGroup::GENERAL},
+        .examples = {{"check shop.xml", "a document that was written earlier"},
+                     {"check - < shop.xml", "from a pipe"}},
+        .run = runCheck};
 }
 
 Command optionsCommand() {
@@ -87,7 +107,8 @@ bool Command::takes(const OptionEntry& option) const {
 }
 
 const std::vector<Command>& allCommands() {
-    static const std::vector<Command> table = {exportCommand(), inspectCommand(), optionsCommand()};
+    static const std::vector<Command> table = {exportCommand(), inspectCommand(), checkCommand(),
+                                               optionsCommand()};
     return table;
 }
 

@@ -6,6 +6,7 @@
 
 #include "BridgeLog.h"
 #include "BridgeOptions.h"
+#include "CheckReport.h"
 #include "Commands.h"
 #include "Failure.h"
 #include "ModelName.h"
@@ -203,6 +204,16 @@ void tellOptions(const ZOROptionList& options, Console& console) {
     }
 }
 
+/// Tells what the check of the document has found. The document is written all the same.
+ExitCode concludeCheck(CheckReport& check, const OutputFile& output, Console& console) {
+    const bool isSound = check.finish().errors == 0;
+    console.print({.level = Level::NOTE,
+                   .subject = output.name(),
+                   .text = "checked: " + check.summaryText(),
+                   .data = check.summaryData()});
+    return isSound ? ExitCode::DONE : ExitCode::FINDINGS;
+}
+
 }  // namespace
 
 ExitCode runExport(const Arguments& arguments, Console& console) {
@@ -220,6 +231,10 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     const View& view = given != nullptr ? *given : naturalView(source);
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
+    CheckReport check(output.name(), console);
+    if (arguments.check) {
+        output.setObserver([&check](const char* bytes, std::size_t count) { check.feed(bytes, count); });
+    }
 
     ReadModel read = readForExport(source, arguments, console, progress);
     setDefaultTypeSets(options, arguments, read.counts.databaseType);
@@ -230,7 +245,10 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
 
     printLosses(read.losses, source.source.name(), console);
     printSummary({source, output, view, read, typeSetsOf(view, options), Clock::now() - start}, console);
-    const ExitCode code = concludeRun(read, source.source.name(), arguments, console);
+    ExitCode code = concludeRun(read, source.source.name(), arguments, console);
+    if (arguments.check && concludeCheck(check, output, console) != ExitCode::DONE) {
+        code = ExitCode::FINDINGS;
+    }
     leaveToSystem(std::move(read.model));
     return code;
 }

@@ -261,8 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
     Rows, DocumentCheckFrame,
     testing::Values(
         BadFrame{"nothing", "", {"error 1:1 not well-formed: there is nothing in the document"}},
-        BadFrame{
-            "zeros", std::string(100, '\0'), {"error 1:1 not well-formed: there is nothing in the document"}},
+        BadFrame{"zeros", std::string(100, '\0'), {"error 1:1 not well-formed: this is no XML"}},
         BadFrame{
             "other tags at the end",
             DECLARATION + ROOT + "<oim:TransferHeader></b>",
