@@ -90,7 +90,7 @@ void appendOutputOptions(std::vector<OptionEntry>& table) {
                      }});
     table.push_back({.name = "check",
                      .description = "check what is written, and exit with 1 when there is an error in it",
-                     .group = OptionGroup::OUTPUT,
+                     .group = OptionGroup::CHECK,
                      .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
                          arguments.check = true;
                      }});
@@ -281,6 +281,8 @@ std::string_view describeGroup(OptionGroup group) {
     switch (group) {
         case OptionGroup::OUTPUT:
             return "Output";
+        case OptionGroup::CHECK:
+            return "Check";
         case OptionGroup::BRIDGE:
             return "Content";
         case OptionGroup::SOURCE:
