@@ -150,7 +150,8 @@ TEST(SavedIdsOf, DeepPackagesStayShort) {
 
 TEST(SavedDocument, EscapesWhatJsonCannotHold) {
     ZORModel model;
-    model.setName(ZORString(std::string_view("\"\\\n\t\r\b\f\x01\x1f\x7f\0 \xC3\xA4\xEF\xBF\xBE", 19)));
+    using namespace std::string_view_literals;
+    model.setName(ZORString("\"\\\n\t\r\b\f\x01\x1f\x7f\0 \xC3\xA4\xEF\xBF\xBE"sv));
     const std::string saved = save(model);
     EXPECT_THAT(saved, HasSubstr(R"("\"\\\n\t\r\b\f\u0001\u001f\u007f\u0000 )"));
     EXPECT_EQ(read(saved)->getName(), model.getName());
