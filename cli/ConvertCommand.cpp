@@ -29,6 +29,7 @@ std::uint64_t writeDocument(const ZORModel& model, OutputFile& output, Progress&
     try {
         const std::uint64_t illFormed = readers::writeModelDocument(
             model, [&](std::string_view portion) { sink->write(portion.data(), portion.size()); });
+        sink->close();
         output.commit();
         return illFormed;
     } catch (const ZORException&) {

@@ -160,6 +160,25 @@ INSTANTIATE_TEST_SUITE_P(
                   "shop.sql: line 2, column 1: not well-formed: this is no XML"}),
     [](const auto& row) { return row.param.name; });
 
+TEST_F(Check, OfAnExportTellsErrorsAndKeepsTheDocument) {
+    scratch.write("shop.sql", SHOP_SQL);
+    const Result result = run(scratch, Setting{.arguments = {"export", "shop.sql", "out.xml", "--check"},
+                                               .environment = {{"ZOR_BRIDGE_PATH", FAULTY_BRIDGE_FOLDER}}});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err,
+                HasSubstr("oimbridge: error: out.xml: line 1, column 1: the prefix \"oim\" is used without a "
+                          "namespace\n"));
+    EXPECT_THAT(result.err,
+                EndsWith("oimbridge: note: out.xml: checked: 4 errors in 1 element, 0 objects and 0 "
+                         "references; 16 bytes\n"));
+    EXPECT_EQ(scratch.read("out.xml"), "<oim:Transfer/>\n");
+    const std::vector<std::string> unchecked = {"export", "shop.sql", "out.xml", "--overwrite"};
+    EXPECT_EQ(run(scratch,
+                  Setting{.arguments = unchecked, .environment = {{"ZOR_BRIDGE_PATH", FAULTY_BRIDGE_FOLDER}}})
+                  .exitCode,
+              0);
+}
+
 TEST_F(Check, OfAnExportTellsThatAllIsWell) {
     scratch.write("shop.sql", SHOP_SQL);
     const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--check"});
