@@ -17,9 +17,11 @@ struct Finding {
     int line;    ///< counted from 1
     int column;  ///< counted from 1
     std::string text;
+    /// Of a note, why what it tells is no fault: the same words for notes of one kind.
+    std::string explanation;
 };
 
-/// What a document holds, and how many findings there were, those that were not told included.
+/// What a document holds, and how many findings there were, errors that were not told included.
 struct Summary {
     std::uint64_t bytes = 0;
     std::uint64_t elements = 0;
@@ -35,7 +37,7 @@ struct Summary {
 class DocumentCheck {
   public:
     using Receiver = std::function<void(const Finding&)>;
-    /// `receiver` hears of at most `most` findings; the rest are counted.
+    /// `receiver` hears of at most `most` errors and of all notes; further errors are counted.
     explicit DocumentCheck(Receiver receiver, std::uint64_t most = 100);
     ~DocumentCheck();
     DocumentCheck(const DocumentCheck&) = delete;

@@ -30,8 +30,9 @@ bool Identifiers::give(int id, std::uint16_t tag) {
         return false;
     }
     constexpr std::size_t NEAR = 1U << 16U;
+    constexpr std::size_t SPARSEST = 8;
     const auto index = static_cast<std::size_t>(id);
-    if (index >= tags_.size() + NEAR) {
+    if (index >= NEAR + SPARSEST * given_++ && index >= tags_.size()) {
         farTags_.emplace(id, tag);
         return true;
     }

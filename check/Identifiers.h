@@ -36,10 +36,12 @@ class Identifiers {
 
   private:
     static constexpr std::uint16_t NOT_GIVEN = 0xffff;
-    // Identifiers count up from 1 in documents of this system; those far beyond the rest stand in the map.
+    // Identifiers count up from 1 in documents of this system; those far beyond the rest stand in the map, so
+    // that gaps between them cost no memory.
     std::uint16_t tagOf(int id) const;
 
     std::vector<std::uint16_t> tags_;
+    std::size_t given_ = 0;
     std::unordered_map<int, std::uint16_t> farTags_;
     std::unordered_map<std::uint64_t, Reference> references_;
 };

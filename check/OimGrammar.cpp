@@ -8,8 +8,9 @@ namespace oimcheck {
 namespace {
 
 /// A row of the grammar, as text. Attributes are names, followed where the value is restricted by "=" and the
-/// words that are permitted, separated by "|", or "=int"; "visibility" and the like stand for themselves.
-/// Children are tags; a "&" in front means that a reference of that tag stands there, "*" a group of them.
+/// words that are permitted, separated by "|", or "=int"; "visibility" and the like stand for themselves. A
+/// "!" in front means that the attribute is always there. Children are tags; a "&" in front means that a
+/// reference of that tag stands there, "*" a group of them, "1" that the child stands there exactly once.
 struct Row {
     std::string_view name;
     ElementKind kind;
@@ -26,12 +27,12 @@ constexpr std::string_view VISIBILITY = "PublicAccess|ProtectedAccess|PrivateAcc
 
 constexpr Row ROWS[] = {
     {"oim:Transfer", FRAME,
-     "xmlns:oim=http://www.mdcinfo.com/oim/oim.dtd xmlns:uml=http://www.mdcinfo.com/oim/uml.dtd "
+     "!xmlns:oim=http://www.mdcinfo.com/oim/oim.dtd !xmlns:uml=http://www.mdcinfo.com/oim/uml.dtd "
      "xmlns:erd=http://www.mdcinfo.com/oim/erd.dtd xmlns:dtm=http://www.mdcinfo.com/oim/dtm.dtd "
      "xmlns:dbm=http://www.mdcinfo.com/oim/dbm.dtd",
-     "oim:TransferHeader uml:Subsystem"},
-    {"oim:TransferHeader", FRAME, "Exporter ExporterVersion TransferDateTime", ""},
-    {"uml:Subsystem", OBJECT, "name", "uml:NamespaceOwnedElement"},
+     "1oim:TransferHeader 1uml:Subsystem"},
+    {"oim:TransferHeader", FRAME, "!Exporter !ExporterVersion !TransferDateTime", ""},
+    {"uml:Subsystem", OBJECT, "!name", "1uml:NamespaceOwnedElement"},
     {"uml:NamespaceOwnedElement", ASSOCIATION, "",
      "uml:Model erd:Model dtm:TypeSet dbm:LogicalCatalog dbm:ColumnTypeSet uml:Package uml:Class "
      "uml:Interface "
@@ -215,24 +216,39 @@ constexpr Row ROWS[] = {
     {"dbm:ColumnType", OBJECT, "name", ""},
 };
 
-constexpr KnownLooseReference LOOSE_REFERENCES[] = {
-    {"uml:StructuralFeatureType",
-     "a class that is used as a type is referred to by the type, which has no element"},
-    {"uml:ParameterType", "a class that is used as a type is referred to by the type, which has no element"},
-    {"uml:AssociationEndType", "the class at an association class's end may be physical only and left out"},
-    {"uml:CommentAnnotatedElement", "comments refer to an interface as a class"},
-    {"dbm:JoinRoleColumnSet",
+/// References that may be loose.
+struct LooseReference {
+    std::string_view holder;
+    std::string_view tags;    ///< of the reference
+    std::string_view target;  ///< the tag of what it may lead to; empty: nowhere
+    std::string_view explanation;
+};
+
+constexpr std::string_view CLASSES = "uml:Class uml:Interface uml:AssociationClass";
+constexpr std::string_view CLASS_AS_TYPE =
+    "a class that is used as a type is referred to by the type, which has no element";
+
+constexpr LooseReference LOOSE_REFERENCES[] = {
+    {"uml:StructuralFeatureType", CLASSES, "", CLASS_AS_TYPE},
+    {"uml:ParameterType", CLASSES, "", CLASS_AS_TYPE},
+    {"uml:AssociationEndType", CLASSES, "",
+     "the class at an association class's end may be physical only and left out"},
+    {"uml:CommentAnnotatedElement", "uml:Class", "uml:Interface",
+     "comments refer to an interface as a class"},
+    {"dbm:JoinRoleColumnSet", "dbm:LogicalTable", "",
      "a relationship's table may be left out of the view, being of a class type that is no table"},
-    {"dbm:UniqueKeyRoleUniqueKey", "the referenced key may be left out of the view, not being marked unique"},
-    {"dbm:ForeignKeyRoleForeignKey",
+    {"dbm:UniqueKeyRoleUniqueKey", "dbm:UniqueKey", "",
+     "the referenced key may be left out of the view, not being marked unique"},
+    {"dbm:ForeignKeyRoleForeignKey", "dbm:ForeignKey", "",
      "the foreign key may be left out with its table, or with the last of several relationships that share "
      "it"},
-    {"erd:ParentRoleEntity",
+    {"erd:ParentRoleEntity", "erd:Entity", "",
      "a relationship's class may be left out of the view, being of a class type that is no entity"},
-    {"erd:ChildRoleEntity",
+    {"erd:ChildRoleEntity", "erd:Entity", "",
      "a relationship's class may be left out of the view, being of a class type that is no entity"},
-    {"erd:ParentRoleKey", "the referenced key may be left out of the view with its attributes"},
-    {"erd:ChildRoleKey",
+    {"erd:ParentRoleKey", "erd:Key", "",
+     "the referenced key may be left out of the view with its attributes"},
+    {"erd:ChildRoleKey", "erd:Key", "",
      "the foreign key may be left out with its entity, or with the last of several relationships that share "
      "it"},
 };
@@ -252,7 +268,8 @@ void forEachWord(std::string_view text, char separator, const Take& take) {
 AttributeRule readAttribute(std::string_view text) {
     const std::size_t equals = text.find('=');
     AttributeRule rule;
-    rule.name = text.substr(0, equals);
+    rule.isRequired = text.front() == '!';
+    rule.name = text.substr(rule.isRequired ? 1 : 0, equals - (rule.isRequired ? 1 : 0));
     const bool isVisibility = rule.name == "visibility" || rule.name == "AssociationEnd.visibility";
     std::string_view values = isVisibility ? VISIBILITY : std::string_view();
     if (equals != std::string_view::npos) {
@@ -317,11 +334,13 @@ OimGrammar::OimGrammar() {
     for (std::size_t i = 0; i < rules_.size(); ++i) {
         forEachWord(ROWS[i].children, ' ', [&](std::string_view word) {
             if (word == "*classes") {
-                for (const std::string_view tag : {"uml:Class", "uml:Interface", "uml:AssociationClass"}) {
-                    rules_[i].references.push_back(numberOf(tag));
-                }
+                forEachWord(CLASSES, ' ',
+                            [&](std::string_view tag) { rules_[i].references.push_back(numberOf(tag)); });
             } else if (word.front() == '&') {
                 rules_[i].references.push_back(numberOf(word.substr(1)));
+            } else if (word.front() == '1') {
+                rules_[i].children.push_back(numberOf(word.substr(1)));
+                rules_[i].sequence.push_back(numberOf(word.substr(1)));
             } else {
                 rules_[i].children.push_back(numberOf(word));
             }
@@ -334,9 +353,12 @@ std::uint16_t OimGrammar::find(std::string_view name) const {
     return found == numbers_.end() ? UNKNOWN : found->second;
 }
 
-std::string_view explainLooseReference(std::string_view holder) {
-    for (const KnownLooseReference& reference : LOOSE_REFERENCES) {
-        if (reference.holder == holder) {
+std::string_view explainLooseReference(std::string_view holder, std::string_view tag,
+                                       std::string_view target) {
+    for (const LooseReference& reference : LOOSE_REFERENCES) {
+        bool hasTag = false;
+        forEachWord(reference.tags, ' ', [&](std::string_view word) { hasTag = hasTag || word == tag; });
+        if (reference.holder == holder && reference.target == target && hasTag) {
             return reference.explanation;
         }
     }

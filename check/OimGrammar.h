@@ -24,6 +24,7 @@ enum class ElementKind {
 /// What an attribute's value may be.
 struct AttributeRule {
     std::string name;
+    bool isRequired = false;
     bool isInteger = false;
     std::vector<std::string> words;  ///< empty: any text (or any integer)
 
@@ -37,7 +38,9 @@ struct ElementRule {
     std::string name;
     ElementKind kind = ElementKind::OBJECT;
     std::vector<AttributeRule> attributes;
-    std::vector<std::uint16_t> children;    ///< what may stand in it
+    std::vector<std::uint16_t> children;  ///< what may stand in it
+    std::vector<std::uint16_t>
+        sequence;  ///< of the children, those that must stand in it once, in this order
     std::vector<std::uint16_t> references;  ///< what it may refer to: links of this tag may stand in it
 
     const AttributeRule* findAttribute(std::string_view attribute) const;
@@ -61,14 +64,9 @@ class OimGrammar {
     std::unordered_map<std::string_view, std::uint16_t> numbers_;
 };
 
-/// A reference that may lead nowhere, or to an element of another tag, because the export links there without
-/// testing its target.
-struct KnownLooseReference {
-    std::string_view holder;       ///< the element that the reference stands in
-    std::string_view explanation;  ///< why it may be loose
-};
-
-/// The explanation for references in this element, or an empty text when they must lead somewhere.
-std::string_view explainLooseReference(std::string_view holder);
+/// Why a reference in `holder`, of the tag `tag`, may lead to an element of the tag `target` (empty: to
+/// none), because the export links there without testing its target. Empty when it may not.
+std::string_view explainLooseReference(std::string_view holder, std::string_view tag,
+                                       std::string_view target);
 
 }  // namespace oimcheck

@@ -41,6 +41,7 @@ struct Arguments {
 
     std::optional<std::string> output;
     bool overwrite = false;
+    bool check = false;
     /// In the order in which they are to be set.
     std::vector<BridgeSetting> bridgeOptions;
 

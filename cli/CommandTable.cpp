@@ -17,13 +17,13 @@ PositionalEntry sourceArgument() {
             .take = [](Arguments& arguments, const std::string& value) { arguments.source = value; }};
 }
 
-PositionalEntry outputArgument() {
-    return {.name = "OUT.xml",
-            .description =
-                "the file to write; \"-\" is standard output; left out, the source's name with "
-                "\".xml\", in the current folder",
-            .required = false,
-            .take = [](Arguments& arguments, const std::string& value) { arguments.output = value; }};
+PositionalEntry outputArgument(const std::string& name, const std::string& extension) {
+    return {
+        .name = name,
+        .description = "the file to write; \"-\" is standard output; left out, the source's name with \"" +
+                       extension + "\", in the current folder",
+        .required = false,
+        .take = [](Arguments& arguments, const std::string& value) { arguments.output = value; }};
 }
 
 Command exportCommand() {
@@ -33,9 +33,9 @@ Command exportCommand() {
                 "Reads SOURCE and writes its model as an OIM XML document. The document appears under "
                 "its name only when it is complete; a file that was there before stays as it is until "
                 "then.",
-            .positionals = {sourceArgument(), outputArgument()},
-            .groups = {OptionGroup::OUTPUT, OptionGroup::BRIDGE, OptionGroup::SOURCE, OptionGroup::SELECTION,
-                       OptionGroup::FINDINGS, OptionGroup::GENERAL},
+            .positionals = {sourceArgument(), outputArgument("OUT.xml", ".xml")},
+            .groups = {OptionGroup::OUTPUT, OptionGroup::CHECK, OptionGroup::BRIDGE, OptionGroup::SOURCE,
+                       OptionGroup::SELECTION, OptionGroup::FINDINGS, OptionGroup::GENERAL},
             .examples = {{"export shop.sqlite shop.xml", "a database, in the view that suits it"},
                          {"export shop.sqlite shop.xml --view dbm --dbm-typeset \"Oracle 8.x\" --indent 2",
                           "with another database's types, indented"},
@@ -43,6 +43,7 @@ Command exportCommand() {
                           "some tables only"},
                          {"export json:model.txt - --view dbm | gzip > model.xml.gz",
                           "a model document of any name, into a pipe"},
+                         {"export shop.sqlite shop.xml --check", "checked, as \"oimbridge check\" does"},
                          {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
                           "with an option of the bridge"}},
             .run = runExport};
@@ -63,6 +64,41 @@ Command inspectCommand() {
                      {"inspect shop.sqlite --view erd --why customer.name",
                       "why the column is, or is not, in the document"}},
         .run = runInspect};
+}
+
+Command convertCommand() {
+    return {
+        .name = "convert",
+        .summary = "save a source's model as a model document",
+        .description =
+            "Reads SOURCE and saves its model as a model document (JSON), which all commands read as they "
+            "read SOURCE: to keep a model under version control, to edit it, or to look at it. The file "
+            "appears under its name only when it is complete.",
+        .positionals = {sourceArgument(), outputArgument("MODEL.model.json", ".model.json")},
+        .groups = {OptionGroup::OUTPUT, OptionGroup::SOURCE, OptionGroup::SELECTION, OptionGroup::FINDINGS,
+                   OptionGroup::GENERAL},
+        .examples = {{"convert shop.sqlite shop.model.json", "the model of a database"},
+                     {"convert design.xmi - | less", "a look at what is read of a UML model"}},
+        .run = runConvert};
+}
+
+Command checkCommand() {
+    return {
+        .name = "check",
+        .summary = "check an OIM document",
+        .description =
+            "Reads an OIM XML document and tells what is wrong with it: XML that is not well-formed or "
+            "not UTF-8, elements, attributes and values that are unknown or out of place, identifiers that "
+            "are given twice, references that lead nowhere. Writes nothing.",
+        .positionals = {{.name = "FILE.xml",
+                         .description = "the document; \"-\" is standard input",
+                         .required = true,
+                         .take = [](Arguments& arguments,
+                                    const std::string& value) { arguments.source = value; }}},
+        .groups = {OptionGroup::GENERAL},
+        .examples = {{"check shop.xml", "a document that was written earlier"},
+                     {"check - < shop.xml", "from a pipe"}},
+        .run = runCheck};
 }
 
 Command optionsCommand() {
@@ -90,7 +126,8 @@ bool Command::takes(const OptionEntry& option) const {
 }
 
 const std::vector<Command>& allCommands() {
-    static const std::vector<Command> table = {exportCommand(), inspectCommand(), optionsCommand()};
+    static const std::vector<Command> table = {exportCommand(), inspectCommand(), convertCommand(),
+                                               checkCommand(), optionsCommand()};
     return table;
 }
 

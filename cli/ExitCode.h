@@ -25,7 +25,8 @@ struct ExitCodeEntry {
 /// Every exit code once, as help and manual list them.
 inline constexpr std::array EXIT_CODES = {
     ExitCodeEntry{ExitCode::DONE, "done"},
-    ExitCodeEntry{ExitCode::FINDINGS, "done, but with findings (only with --strict: any warning or loss)"},
+    ExitCodeEntry{ExitCode::FINDINGS,
+                  "done, but with findings (errors in what was checked; --strict: warnings, losses)"},
     ExitCodeEntry{ExitCode::WRONG_USE, "wrong use of the program"},
     ExitCodeEntry{ExitCode::SOURCE_NOT_OPENED, "the source cannot be opened"},
     ExitCodeEntry{ExitCode::SOURCE_NOT_READ, "the source cannot be read or understood"},

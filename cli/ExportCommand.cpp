@@ -1,16 +1,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 
 #include "BridgeLog.h"
 #include "BridgeOptions.h"
+#include "CheckReport.h"
 #include "Commands.h"
 #include "Failure.h"
 #include "ModelName.h"
 #include "ModelReading.h"
 #include "OutputFile.h"
+#include "OutputSummary.h"
 #include "SourceDateEpoch.h"
 #include "Text.h"
 #include "Views.h"
@@ -24,14 +25,6 @@ using Clock = std::chrono::steady_clock;
 
 const View& naturalView(const OpenedSource& source) {
     return *findViewByName(source.reader->describe().naturalView);
-}
-
-void requireOutputForStandardInput(const SourceName& name, const Arguments& arguments) {
-    if (name.isStandardInput() && !arguments.output.has_value()) {
-        throw Failure(ExitCode::WRONG_USE, {},
-                      "OUT.xml is missing, and standard input has no name to make one from",
-                      "\"-\" is standard output");
-    }
 }
 
 std::string outputPath(const OpenedSource& source, const Arguments& arguments) {
@@ -131,34 +124,6 @@ struct Summary {
     }
 };
 
-/// To standard output, unless that is the document's place or messages go to programs.
-void printSummary(const Summary& summary, Console& console) {
-    if (console.isQuiet()) {
-        return;
-    }
-    if (summary.output.isStandardOutput() || console.getLogFormat() == LogFormat::JSON) {
-        console.print({.level = Level::NOTE,
-                       .subject = summary.source.source.name(),
-                       .text = fmt::format("written to {}: {}", summary.output.name(), summary.text()),
-                       .data = summary.data()});
-        return;
-    }
-    try {
-        const std::string line =
-            fmt::format("{} -> {}: {}", summary.source.source.name(), summary.output.name(), summary.text());
-        writeStandardOutput(printable(line) + "\n");
-    } catch (const Failure&) {
-        // The document is written all the same.
-    }
-}
-
-/// Taking millions of objects apart would only delay the end of the program. The model stays within reach, so
-/// that a check for leaks does not take it for one.
-void leaveToSystem(std::unique_ptr<ZORModel> model) {
-    static std::atomic<const ZORModel*> left = nullptr;
-    left = model.release();
-}
-
 /// Reads the model and sees to it that it can be written.
 ReadModel readForExport(const OpenedSource& source, const View& view, const Arguments& arguments,
                         Console& console, Progress& progress) {
@@ -193,6 +158,16 @@ void tellOptions(const ZOROptionList& options, Console& console) {
     }
 }
 
+/// Tells what the check of the document has found. The document is written all the same.
+ExitCode concludeCheck(CheckReport& check, const OutputFile& output, Console& console) {
+    const bool isSound = check.finish().errors == 0;
+    console.print({.level = Level::NOTE,
+                   .subject = output.name(),
+                   .text = "checked: " + check.summaryText(),
+                   .data = check.summaryData()});
+    return isSound ? ExitCode::DONE : ExitCode::FINDINGS;
+}
+
 }  // namespace
 
 ExitCode runExport(const Arguments& arguments, Console& console) {
@@ -204,12 +179,16 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     setGivenOptions(options, arguments);
     const View* given = givenView(options, arguments);
     const SourceName name = parseSourceName(arguments.source);
-    requireOutputForStandardInput(name, arguments);
+    requireOutputForStandardInput(name, arguments, "OUT.xml");
     Progress progress(console);
     const OpenedSource source = openSource(name, progress);
     const View& view = given != nullptr ? *given : naturalView(source);
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
+    CheckReport check(output.name(), console);
+    if (arguments.check) {
+        output.setObserver([&check](const char* bytes, std::size_t count) { check.feed(bytes, count); });
+    }
 
     ReadModel read = readForExport(source, view, arguments, console, progress);
     setDefaultTypeSets(options, arguments, read.counts.databaseType);
@@ -219,8 +198,12 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     progress.stop();
 
     printLosses(read.losses, source.source.name(), console);
-    printSummary({source, output, view, read, typeSetsOf(view, options), Clock::now() - start}, console);
-    const ExitCode code = concludeRun(read, source.source.name(), arguments, console);
+    const Summary summary{source, output, view, read, typeSetsOf(view, options), Clock::now() - start};
+    printOutputSummary(source.source.name(), output, summary.text(), summary.data(), console);
+    ExitCode code = concludeRun(read, source.source.name(), arguments, console);
+    if (arguments.check && concludeCheck(check, output, console) != ExitCode::DONE) {
+        code = ExitCode::FINDINGS;
+    }
     leaveToSystem(std::move(read.model));
     return code;
 }

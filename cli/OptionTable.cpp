@@ -88,6 +88,12 @@ void appendOutputOptions(std::vector<OptionEntry>& table) {
                      .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
                          arguments.overwrite = true;
                      }});
+    table.push_back({.name = "check",
+                     .description = "check what is written, and exit with 1 when there is an error in it",
+                     .group = OptionGroup::CHECK,
+                     .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
+                         arguments.check = true;
+                     }});
 }
 
 void appendBridgeOptions(std::vector<OptionEntry>& table) {
@@ -285,6 +291,8 @@ std::string_view describeGroup(OptionGroup group) {
     switch (group) {
         case OptionGroup::OUTPUT:
             return "Output";
+        case OptionGroup::CHECK:
+            return "Check";
         case OptionGroup::BRIDGE:
             return "Content";
         case OptionGroup::SOURCE:

@@ -11,6 +11,7 @@ namespace cli {
 /// Options that a command takes or leaves together.
 enum class OptionGroup {
     OUTPUT,     ///< where and how the document is written
+    CHECK,      ///< whether the document is checked
     BRIDGE,     ///< what the bridge is told
     SOURCE,     ///< how the source is read
     SELECTION,  ///< which parts of the source are wanted

@@ -208,6 +208,9 @@ void OutputFile::write(const char* bytes, std::size_t count) {
                 std::string_view(name_), std::string_view(describeErrno(failureReason_))));
         }
         const auto step = static_cast<std::size_t>(std::max<ssize_t>(written, 0));
+        if (observer_) {
+            observer_(bytes, step);
+        }
         bytes += step;
         count -= step;
         bytes_ += step;

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -44,6 +45,10 @@ class OutputFile {
     const std::string& name() const noexcept { return name_; }
     bool isStandardOutput() const noexcept { return kind_ == Kind::STANDARD_OUTPUT; }
 
+    /// Lets `observer` see all bytes that are written from now on.
+    void setObserver(std::function<void(const char* bytes, std::size_t count)> observer) {
+        observer_ = std::move(observer);
+    }
     /// A sink for the document, which must not outlive this object. Null, with errno set, when the file
     /// cannot be made. Called once.
     std::unique_ptr<ZORSink> open();
@@ -84,6 +89,7 @@ class OutputFile {
     std::string temporaryName_;  ///< in the folder; empty while there is none
     Descriptor folder_;
     Descriptor file_;
+    std::function<void(const char*, std::size_t)> observer_;
     std::atomic<std::uint64_t> bytes_ = 0;
     int failureReason_ = 0;
 };

@@ -16,6 +16,7 @@ constexpr Word CONCURRENCY_WORDS[] = {{"sequential", ZOR_CONCURRENCY_SEQUENTIAL}
                                       {"guarded", ZOR_CONCURRENCY_GUARDED},
                                       {"active", ZOR_CONCURRENCY_ACTIVE},
                                       {"synchronous", ZOR_CONCURRENCY_SYNCHRONOUS}};
+constexpr std::int32_t VERSION = 1;
 constexpr Word FORMATS[] = {{"oim-source-model", 0}};
 
 void ignoreNumber(ZORModelObject& /*object*/, std::int32_t /*number*/) {}
@@ -24,6 +25,10 @@ Field noteTexts() {
     Field row = field("notes", Shape::TEXTS, "The texts of the notes attached to the object.");
     row.setText = [](ZORModelObject& object, std::string_view value) {
         object.addNote(std::make_unique<ZORNote>(ZORString(value)));
+    };
+    row.count = [](const ZORModelObject& object) { return object.getNotes().size(); };
+    row.getText = [](const ZORModelObject& object, std::size_t index) -> const ZORString& {
+        return object.getNotes()[index]->getDescription();
     };
     return row;
 }
@@ -53,13 +58,16 @@ std::vector<Field> withCommonFields(std::vector<Field> own) {
     std::vector<Field> fields = {
         field("id", Shape::ID,
               "What references call the object; unique in the document. An empty id is none."),
-        text<&ZORModelObject::setName>("name", "The name."),
-        text<&ZORModelObject::setPhysicalName>("physicalName",
-                                               "The name in the database, where it differs from the name."),
-        text<&ZORModelObject::setDescription>("description", "What the object is."),
-        text<&ZORModelObject::setComments>("comments", "Remarks on the object."),
-        text<&ZORModelObject::setStereotype>("stereotype", "The object's stereotype."),
-        word<&ZORModelObject::setDesignLevel>(
+        text<&ZORModelObject::setName, &ZORModelObject::getName>("name", "The name."),
+        text<&ZORModelObject::setPhysicalName, &ZORModelObject::getPhysicalName>(
+            "physicalName", "The name in the database, where it differs from the name."),
+        text<&ZORModelObject::setDescription, &ZORModelObject::getDescription>("description",
+                                                                               "What the object is."),
+        text<&ZORModelObject::setComments, &ZORModelObject::getComments>("comments",
+                                                                         "Remarks on the object."),
+        text<&ZORModelObject::setStereotype, &ZORModelObject::getStereotype>("stereotype",
+                                                                             "The object's stereotype."),
+        word<&ZORModelObject::setDesignLevel, &ZORModelObject::getDesignLevel>(
             "designLevel", DESIGN_LEVELS,
             "Whether the object belongs to the logical model, to the database, or to both."),
         noteTexts(),
@@ -72,44 +80,52 @@ std::vector<Field> documentFields() {
     Field format = required(field("format", Shape::WORD, "Says that this is a model document."));
     format.words = FORMATS;
     format.setNumber = ignoreNumber;
+    format.getNumber = [](const ZORModelObject&) { return FORMATS[0].number; };
     Field version = required(field("version", Shape::INTEGER, "The version of the format."));
-    version.lowest = version.highest = 1;
+    version.lowest = version.highest = VERSION;
     version.setNumber = ignoreNumber;
+    version.getNumber = [](const ZORModelObject&) { return VERSION; };
     Field model = required(field("model", Shape::OBJECT, "The model."));
     model.family = Family::MODEL;
+    model.count = [](const ZORModelObject&) -> std::size_t { return 1; };
+    // The document and its model are the same object.
+    model.getObject = [](const ZORModelObject& object, std::size_t) -> const ZORObject* { return &object; };
     return {format, version, model};
 }
 
 std::vector<Field> modelFields() {
     return withCommonFields({
-        objects<&ZORModel::addChildPackage<ZORPackage>>("children", Family::CHILDREN,
-                                                        "The packages and the database catalog."),
-        objects<&ZORModel::addType<ZORType>>("types", Family::TYPES, "All data types of the model."),
+        objects<&ZORModel::addChildPackage<ZORPackage>, &ZORModel::getChildPackages>(
+            "children", Family::CHILDREN, "The packages and the database catalog."),
+        objects<&ZORModel::addType<ZORType>, &ZORModel::getTypes>("types", Family::TYPES,
+                                                                  "All data types of the model."),
     });
 }
 
 std::vector<Field> catalogFields() {
     return withCommonFields({
-        text<&ZORDatabaseCatalog::setDatabaseType>(
+        text<&ZORDatabaseCatalog::setDatabaseType, &ZORDatabaseCatalog::getDatabaseType>(
             "databaseType", "The database that the model is for, such as \"SQL Server 7.x\"."),
     });
 }
 
 std::vector<Field> packageFields() {
     return withCommonFields({
-        objects<&ZORDesignPackage::addChildPackage<ZORPackage>>("packages", Family::PACKAGES,
-                                                                "The packages inside this one."),
-        objects<&ZORDesignPackage::addModelElement<ZORModelElement>>(
+        objects<&ZORDesignPackage::addChildPackage<ZORPackage>, &ZORDesignPackage::getChildPackages>(
+            "packages", Family::PACKAGES, "The packages inside this one."),
+        objects<&ZORDesignPackage::addModelElement<ZORModelElement>, &ZORDesignPackage::getModelElements>(
             "elements", Family::ELEMENTS, "The classes, views and relationships, in any order."),
-        objects<&ZORDesignPackage::addOperation>("operations", Family::OPERATIONS,
-                                                 "Operations of the package itself."),
-        objects<&ZORDesignPackage::addDiagram>("diagrams", Family::DIAGRAMS, "The diagrams."),
+        objects<&ZORDesignPackage::addOperation, &ZORDesignPackage::getOperations>(
+            "operations", Family::OPERATIONS, "Operations of the package itself."),
+        objects<&ZORDesignPackage::addDiagram, &ZORDesignPackage::getDiagrams>("diagrams", Family::DIAGRAMS,
+                                                                               "The diagrams."),
     });
 }
 
 std::vector<Field> diagramFields() {
     return withCommonFields({
-        references<&ZORDiagram::addModelElement>("elements", ANY_ELEMENT, "What the diagram shows."),
+        references<&ZORDiagram::addModelElement, &ZORDiagram::getModelElements>("elements", ANY_ELEMENT,
+                                                                                "What the diagram shows."),
     });
 }
 

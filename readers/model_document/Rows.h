@@ -4,8 +4,8 @@
 
 #include "Vocabulary.h"
 
-/// How rows of the tables are written: `text<&ZORType::setDataType>("dataType", "...")` is a field whose text
-/// goes to that operation of the object.
+/// How rows of the tables are written: `text<&ZORType::setDataType, &ZORType::getDataType>("dataType",
+/// "...")` is a field whose text goes to the one operation of the object and comes from the other.
 namespace readers::document {
 
 template <typename Operation>
@@ -20,11 +20,25 @@ struct OperationTraits<Result (Class::*)(Value) noexcept> {
     using Owner = Class;
     using Argument = Value;
 };
+template <typename Class, typename Result>
+struct OperationTraits<Result (Class::*)() const> {
+    using Owner = Class;
+};
+template <typename Class, typename Result>
+struct OperationTraits<Result (Class::*)() const noexcept> {
+    using Owner = Class;
+};
 
 template <auto Operation>
 using OwnerOf = typename OperationTraits<decltype(Operation)>::Owner;
 template <auto Operation>
 using ArgumentOf = typename OperationTraits<decltype(Operation)>::Argument;
+
+/// What an operation without arguments gives back for the object.
+template <auto Get>
+decltype(auto) valueOf(const ZORModelObject& object) {
+    return (static_cast<const OwnerOf<Get>&>(object).*Get)();
+}
 
 inline Field field(std::string_view key, Shape shape, std::string_view description) {
     Field row;
@@ -34,11 +48,14 @@ inline Field field(std::string_view key, Shape shape, std::string_view descripti
     return row;
 }
 
-template <auto Set>
+template <auto Set, auto Get>
 Field text(std::string_view key, std::string_view description) {
     Field row = field(key, Shape::TEXT, description);
     row.setText = [](ZORModelObject& object, std::string_view value) {
         (static_cast<OwnerOf<Set>&>(object).*Set)(ZORString(value));
+    };
+    row.getText = [](const ZORModelObject& object, std::size_t) -> const ZORString& {
+        return valueOf<Get>(object);
     };
     return row;
 }
@@ -48,48 +65,76 @@ void setNumber(ZORModelObject& object, std::int32_t number) {
     (static_cast<OwnerOf<Set>&>(object).*Set)(static_cast<ArgumentOf<Set>>(number));
 }
 
-template <auto Set>
+template <auto Get>
+std::int32_t getNumber(const ZORModelObject& object) {
+    return static_cast<std::int32_t>(valueOf<Get>(object));
+}
+
+template <auto Set, auto Get>
 Field integer(std::string_view key, std::int32_t lowest, std::int32_t highest, std::string_view description) {
     Field row = field(key, Shape::INTEGER, description);
     row.lowest = lowest;
     row.highest = highest;
     row.setNumber = setNumber<Set>;
+    row.getNumber = getNumber<Get>;
     return row;
 }
 
-template <auto Set>
+template <auto Set, auto Get>
 Field boolean(std::string_view key, std::string_view description) {
     Field row = field(key, Shape::BOOLEAN, description);
     row.setNumber = setNumber<Set>;
+    row.getNumber = getNumber<Get>;
     return row;
 }
 
-template <auto Set>
+template <auto Set, auto Get>
 Field word(std::string_view key, std::span<const Word> words, std::string_view description) {
     Field row = field(key, Shape::WORD, description);
     row.words = words;
     row.setNumber = setNumber<Set>;
+    row.getNumber = getNumber<Get>;
     return row;
 }
 
 template <auto Refer>
+void refer(ZORModelObject& object, ZORModelObject& referred) {
+    (static_cast<OwnerOf<Refer>&>(object).*Refer)(static_cast<ArgumentOf<Refer>>(&referred));
+}
+
+template <auto Refer, auto Get>
 Field reference(std::string_view key, const Target& target, std::string_view description) {
     Field row = field(key, Shape::REFERENCE, description);
     row.target = &target;
-    row.refer = [](ZORModelObject& object, ZORModelObject& referred) {
-        (static_cast<OwnerOf<Refer>&>(object).*Refer)(static_cast<ArgumentOf<Refer>>(&referred));
+    row.refer = refer<Refer>;
+    row.count = [](const ZORModelObject& object) -> std::size_t {
+        return valueOf<Get>(object) == nullptr ? 0 : 1;
+    };
+    row.getObject = [](const ZORModelObject& object, std::size_t) -> const ZORObject* {
+        return valueOf<Get>(object);
     };
     return row;
 }
 
-template <auto Refer>
+/// For fields that stand for a list of the object.
+template <auto Get>
+void setList(Field& row) {
+    row.count = [](const ZORModelObject& object) { return valueOf<Get>(object).size(); };
+    row.getObject = [](const ZORModelObject& object, std::size_t index) -> const ZORObject* {
+        return valueOf<Get>(object)[index];
+    };
+}
+
+template <auto Refer, auto Get>
 Field references(std::string_view key, const Target& target, std::string_view description) {
-    Field row = reference<Refer>(key, target, description);
-    row.shape = Shape::REFERENCES;
+    Field row = field(key, Shape::REFERENCES, description);
+    row.target = &target;
+    row.refer = refer<Refer>;
+    setList<Get>(row);
     return row;
 }
 
-template <auto Add>
+template <auto Add, auto Get>
 Field objects(std::string_view key, Family family, std::string_view description) {
     using Part = typename ArgumentOf<Add>::element_type;
     Field row = field(key, Shape::OBJECTS, description);
@@ -97,6 +142,7 @@ Field objects(std::string_view key, Family family, std::string_view description)
     row.add = [](ZORModelObject& object, std::unique_ptr<ZORModelObject> part) {
         (static_cast<OwnerOf<Add>&>(object).*Add)(std::unique_ptr<Part>(static_cast<Part*>(part.release())));
     };
+    setList<Get>(row);
     return row;
 }
 

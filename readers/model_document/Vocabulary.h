@@ -10,8 +10,8 @@
 
 #include "ZOR.h"
 
-/// What a model document may hold, as tables: they drive the reader, its messages, the JSON Schema and the
-/// test of the page that documents the format.
+/// What a model document may hold, as tables: they drive the reader, its messages, the writer, the JSON
+/// Schema and the test of the page that documents the format.
 namespace readers::document {
 
 /// What stands behind a key.
@@ -100,6 +100,13 @@ struct Field {
     void (*setNumber)(ZORModelObject& object, std::int32_t number) = nullptr;
     void (*refer)(ZORModelObject& object, ZORModelObject& target) = nullptr;
     void (*add)(ZORModelObject& object, std::unique_ptr<ZORModelObject> part) = nullptr;
+
+    /// The way back: texts (each one of a list), numbers (of WORDS, one bit for each word's number), and what
+    /// is referred to or a part. `count` tells how many there are in a list; for REFERENCE, 0 or 1.
+    const ZORString& (*getText)(const ZORModelObject& object, std::size_t index) = nullptr;
+    std::int32_t (*getNumber)(const ZORModelObject& object) = nullptr;
+    std::size_t (*count)(const ZORModelObject& object) = nullptr;
+    const ZORObject* (*getObject)(const ZORModelObject& object, std::size_t index) = nullptr;
 };
 
 /// One kind of object.

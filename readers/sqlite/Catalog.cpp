@@ -171,6 +171,7 @@ void CatalogReader::readVirtualColumns(TableFacts& table) {
             throw;
         }
         table.problem = sqlite3_errmsg(connection_.handle());
+        connection_.failUnlessMisunderstood();
         table.columns.clear();
     }
 }

@@ -1,6 +1,8 @@
 #include "Connection.h"
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <thread>
 
 namespace readers::sqlite {
@@ -82,6 +84,21 @@ void Connection::fail() const {
     throw sourceErrorOf(sqlite3_extended_errcode(handle()), sqlite3_errmsg(handle()));
 }
 
+void Connection::failUnlessMisunderstood() const {
+    const int code = sqlite3_errcode(handle()) & 0xff;
+    constexpr int MISUNDERSTOOD[] = {SQLITE_OK,     SQLITE_ERROR, SQLITE_AUTH,
+                                     SQLITE_TOOBIG, SQLITE_ROW,   SQLITE_DONE};
+    if (std::find(std::begin(MISUNDERSTOOD), std::end(MISUNDERSTOOD), code) == std::end(MISUNDERSTOOD)) {
+        fail();
+    }
+}
+
+void Connection::failIfOutOfMemory() const {
+    if (sqlite3_errcode(handle()) == SQLITE_NOMEM) {
+        fail();
+    }
+}
+
 Query::Query(const Connection& connection, std::string_view sql) : connection_(connection) {
     sqlite3_stmt* statement = nullptr;
     const int code = sqlite3_prepare_v2(connection.handle(), sql.data(), static_cast<int>(sql.size()),
@@ -102,6 +119,9 @@ bool Query::next() {
 
 std::string Query::text(int column) const {
     const unsigned char* text = sqlite3_column_text(get(), column);
+    if (text == nullptr) {
+        connection_.failIfOutOfMemory();
+    }
     return text == nullptr ? std::string()
                            : std::string(reinterpret_cast<const char*>(text),
                                          static_cast<std::size_t>(sqlite3_column_bytes(get(), column)));

@@ -58,6 +58,11 @@ class Connection {
     void run(const char* sql);
     /// Throws the error that the last call to SQLite ended with.
     [[noreturn]] void fail() const;
+    /// The same, unless the call went well or SQLite only did not understand a statement: where a part of the
+    /// schema may be left out, a lack of memory or a damaged file is still the end of the reading.
+    void failUnlessMisunderstood() const;
+    /// The same when SQLite was short of memory: how some of its calls tell it, beside giving nothing.
+    void failIfOutOfMemory() const;
 
   private:
     static int onSteps(void* self) noexcept;

@@ -12,11 +12,14 @@ namespace {
 /// A view's SELECT as SQLite compiles it; it is never run.
 class CompiledView {
   public:
-    CompiledView(const Connection& connection, const std::string& view) {
+    CompiledView(const Connection& connection, const std::string& view) : connection_(connection) {
         const std::string sql = "SELECT * FROM main." + quoteName(view);
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(connection.handle(), sql.c_str(), -1, &statement, nullptr);
         statement_.reset(statement);
+        if (statement == nullptr) {
+            connection.failUnlessMisunderstood();
+        }
     }
 
     bool isValid() const noexcept { return statement_ != nullptr; }
@@ -34,11 +37,17 @@ class CompiledView {
     }
 
   private:
-    static std::string text(const char* text) { return text == nullptr ? "" : text; }
+    std::string text(const char* text) const {
+        if (text == nullptr) {
+            connection_.failIfOutOfMemory();
+        }
+        return text == nullptr ? "" : text;
+    }
 
     struct Finalizer {
         void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
     };
+    const Connection& connection_;
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 

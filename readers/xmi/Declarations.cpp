@@ -2,17 +2,11 @@
 
 #include <algorithm>
 
+#include "Blanks.h"
+
 namespace readers::xmi {
 
 namespace {
-
-constexpr std::string_view BLANKS = " \t\r\n";
-
-std::string_view trim(std::string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(BLANKS);
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
-}
 
 bool opens(char character) noexcept {
     return character == '(' || character == '<' || character == '[' || character == '{';

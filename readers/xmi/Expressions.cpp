@@ -114,7 +114,7 @@ std::string expressionText(const Assembly& assembly, Element expression) {
     if (expression.is("InstanceValue"_n)) {
         return instanceName(assembly, expression);
     }
-    if (const std::string text = symbolText(assembly, expression); !text.empty()) {
+    if (std::string text = symbolText(assembly, expression); !text.empty()) {
         return text;
     }
     return std::string(defaultOfLiteral(expression.kind()));

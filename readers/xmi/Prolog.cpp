@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Blanks.h"
 #include "Reader.h"
 
 namespace readers::xmi {
@@ -10,7 +11,6 @@ namespace {
 
 /// More than any prolog needs. A document type that begins behind it is seen by the parser.
 constexpr std::size_t LONGEST_PROLOG = std::size_t{1} << 20;
-constexpr std::string_view BLANKS = " \t\r\n";
 
 /// Moves behind a comment or instruction that begins at `at`; npos when it does not end.
 std::size_t skipTo(std::string_view text, std::size_t at, std::string_view end) noexcept {

@@ -1,18 +1,11 @@
 #include "References.h"
 
+#include "Blanks.h"
 #include "Reader.h"
 
 namespace readers::xmi {
 
 namespace {
-
-constexpr std::string_view BLANKS = " \t\r\n";
-
-std::string_view trim(std::string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(BLANKS);
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
-}
 
 std::string describe(const Tree& tree, NodeIndex node) {
     return tree.pathOf(node) + " (line " + std::to_string(tree.node(node).line) + ")";

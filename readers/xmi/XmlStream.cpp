@@ -70,6 +70,7 @@ XmlStream::StrayFaults::StrayFaults(Fault& fault) {
 XmlStream::StrayFaults::~StrayFaults() {
     xmlSetGenericErrorFunc(printerData_, printer_);
     xmlSetStructuredErrorFunc(data_, handler_);
+    xmlResetLastError();  // the parser keeps its last message for whoever asks
 }
 
 XmlStream::XmlStream(std::string_view content) : content_(content), strayFaults_(fault_) {
@@ -94,7 +95,11 @@ void XmlStream::noteFault(void* data, xmlErrorPtr error) noexcept {
     if (fault.code == 0 && counts) {
         fault.code = error->code;
         fault.line = error->line;
-        fault.text = trimMessage(error->message);
+        try {
+            fault.text = trimMessage(error->message);
+        } catch (const std::bad_alloc&) {
+            // No exception may pass through the parser. The code tells enough.
+        }
     }
 }
 
@@ -145,6 +150,9 @@ std::uint32_t XmlStream::line() const noexcept {
 
 void XmlStream::throwFault() const {
     constexpr auto CANNOT_READ = SourceError::Kind::CANNOT_READ;
+    if (fault_.code == XML_ERR_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
     if (fault_.text.starts_with("Excessive depth")) {
         throwTooDeep(fault_.line);
     }

@@ -6,36 +6,14 @@
 #include "CollectingLog.h"
 #include "Document.h"
 #include "Expectation.h"
+#include "Export.h"
 #include "ModelDump.h"
-#include "Reader.h"
 #include "ZORClock.h"
-#include "ZORManager.h"
+#include "ZORModelCheck.h"
 
 namespace {
 
 using namespace cases;
-
-/// 12 June 2007, 10:53:57.
-constexpr std::time_t MOMENT = 1181645637;
-
-class SilentContext : public readers::ReadContext {
-  public:
-    void warn(const std::string& /*where*/, const std::string& /*text*/) override {}
-    void progress(std::uint64_t /*objects*/) override {}
-};
-
-std::unique_ptr<ZORModel> readModel(const Case& which) {
-    const readers::Source source = readers::Source::fromFile(which.source);
-    readers::ReadRequest request;
-    request.modelName = which.modelName;
-    SilentContext context;
-    for (const readers::Reader* reader : readers::allReaders()) {
-        if (reader->identify(source)) {
-            return reader->read(source, request, context);
-        }
-    }
-    throw std::runtime_error("no reader knows " + which.source);
-}
 
 /// The events, a line each.
 std::string describe(const std::vector<ZORLogEvent>& events) {
@@ -55,35 +33,32 @@ class CaseTest : public ::testing::Test {
 
     void TestBody() override {
         const Case which = readCase(group_, name_);
-        const std::unique_ptr<ZORModel> model = readModel(which);
+        const std::unique_ptr<ZORModel> model = readModel(which.source, which.modelName);
         for (const ZORString& fault : checkModel(*model)) {
             ADD_FAILURE() << "the model is unsound: " << fault.view();
         }
         const std::string before = support::dumpModel(*model);
         support::CollectingLog log;
-        const std::string document = exportModel(which, *model, log);
+        const std::string document = exportModel(*model, which.options, which.name, log);
         EXPECT_EQ(support::dumpModel(*model), before) << "the export changed the model";
         for (const std::string& fault : findFaults(document, which.mayDangle)) {
             ADD_FAILURE() << fault;
         }
+        expectSameWhenConverted(*model, before, which, document);
         expect(which, "expected.xml", document);
         expect(which, "expected.log", describe(log.events()));
     }
 
   private:
-    static std::string exportModel(const Case& which, ZORModel& model, ZORLog& log) {
-        const std::string path = ACTUAL_FOLDER "/" + which.name + ".xml";
-        const ZORBridge bridge = ZORBridgeManager(PLUGIN_FOLDER).load("MicrosoftSqlServerMdsMdcExport");
-        ZOROptionList options;
-        bridge.getOptionList(options);
-        options.setValue("File", path.c_str());
-        for (const auto& [name, value] : which.options) {
-            options.setValue(name.c_str(), value.c_str());
-        }
-        bridge.run(model, options, log);
-        std::string document = readFile(path);
-        std::remove(path.c_str());
-        return document;
+    /// A model that was saved and read again is the same and gives the same document.
+    static void expectSameWhenConverted(const ZORModel& model, const std::string& dump, const Case& which,
+                                        const std::string& document) {
+        const std::string saved = saveModel(model);
+        const std::unique_ptr<ZORModel> again = readSavedModel(saved);
+        EXPECT_EQ(support::dumpModel(*again), dump);
+        EXPECT_EQ(saveModel(*again), saved);
+        support::CollectingLog log;
+        EXPECT_EQ(exportModel(*again, which.options, which.name, log), document);
     }
     static void expect(const Case& which, const char* fileName, const std::string& actual) {
         const std::string difference = compareWithExpected(which, fileName, actual);

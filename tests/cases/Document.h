@@ -5,8 +5,8 @@
 
 namespace cases {
 
-/// What is wrong with a document, a sentence each: it is not well-formed, an identifier stands twice, or
-/// (unless `mayDangle`) a reference leads nowhere.
+/// What the check of documents finds in it, a line each: errors and, unless `mayDangle`, references that are
+/// known to be loose now and then.
 std::vector<std::string> findFaults(const std::string& document, bool mayDangle);
 
 }  // namespace cases

@@ -27,7 +27,8 @@ Result check(const std::string& document, std::size_t step = 1 << 20, std::uint6
         [&](const Finding& finding) {
             const char* word = finding.severity == Finding::Severity::ERROR ? "error " : "note ";
             result.findings.push_back(word + std::to_string(finding.line) + ":" +
-                                      std::to_string(finding.column) + " " + finding.text);
+                                      std::to_string(finding.column) + " " + finding.text +
+                                      (finding.explanation.empty() ? "" : "; " + finding.explanation));
         },
         most);
     for (std::size_t at = 0; at < document.size(); at += step) {
@@ -39,12 +40,19 @@ Result check(const std::string& document, std::size_t step = 1 << 20, std::uint6
     return result;
 }
 
+/// The start of the root, with all namespaces.
+const std::string ROOT =
+    "<oim:Transfer xmlns:oim=\"http://www.mdcinfo.com/oim/oim.dtd\" "
+    "xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\" xmlns:erd=\"http://www.mdcinfo.com/oim/erd.dtd\" "
+    "xmlns:dtm=\"http://www.mdcinfo.com/oim/dtm.dtd\" xmlns:dbm=\"http://www.mdcinfo.com/oim/dbm.dtd\">\n";
+const std::string HEADER =
+    "<oim:TransferHeader Exporter=\"e\" ExporterVersion=\"1\" TransferDateTime=\"now\"/>\n";
+
 /// A document with the content in place of a view.
 std::string frame(const std::string& content) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<oim:Transfer>\n<uml:Subsystem name=\"S\" "
-           "oim:id=\"_1\">\n"
-           "<uml:NamespaceOwnedElement>\n" +
-           content + "\n</uml:NamespaceOwnedElement>\n</uml:Subsystem>\n</oim:Transfer>\n";
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n" + ROOT + HEADER +
+           "<uml:Subsystem name=\"S\" oim:id=\"_1\">\n<uml:NamespaceOwnedElement>\n" + content +
+           "\n</uml:NamespaceOwnedElement>\n</uml:Subsystem>\n</oim:Transfer>\n";
 }
 
 std::string textOf(const std::string& finding) {
@@ -64,6 +72,14 @@ TEST(DocumentCheck, PassesADocumentWithReferencesForwardAndBackward) {
     EXPECT_EQ(result.summary.objects, 5U);
     EXPECT_EQ(result.summary.references, 2U);
     EXPECT_EQ(result.summary.errors, 0U);
+}
+
+/// A description as the name of a test.
+std::string wordOf(const std::string& description) {
+    std::string word = description;
+    std::replace_if(
+        word.begin(), word.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return word;
 }
 
 struct BadDocument {
@@ -129,68 +145,189 @@ INSTANTIATE_TEST_SUITE_P(
                     "<uml:Dependency oim:id=\"_2\"><uml:DependencySupplier><uml:Class oim:href=\"_2\"/>"
                     "</uml:DependencySupplier></uml:Dependency>",
                     "the reference \"_2\" of \"uml:Class\" is not of the form \"#_N\""}),
-    [](const auto& row) {
-        std::string name;
-        for (const char* c = row.param.description; *c != '\0'; ++c) {
-            if (std::isalnum(static_cast<unsigned char>(*c)) != 0) {
-                name += *c;
-            } else {
-                name += '_';
-            }
-        }
-        return name;
-    });
+    [](const auto& row) { return wordOf(row.param.description); });
+
+const std::string LOOSE_ENDS =
+    "<uml:Class oim:id=\"_2\"><uml:ClassifierFeature><uml:Attribute oim:id=\"_3\">"
+    "<uml:StructuralFeatureType><uml:Class oim:href=\"#_9\"/></uml:StructuralFeatureType></uml:Attribute>"
+    "</uml:ClassifierFeature></uml:Class>\n"
+    "<uml:Interface oim:id=\"_4\"/><uml:Comment oim:id=\"_5\"><uml:CommentAnnotatedElement>"
+    "<uml:Class oim:href=\"#_4\"/></uml:CommentAnnotatedElement></uml:Comment>";
 
 TEST(DocumentCheck, TakesLooseReferencesThatTheExportIsKnownForAsNotes) {
-    const Result result =
-        check(frame("<uml:Class oim:id=\"_2\"><uml:ClassifierFeature><uml:Attribute oim:id=\"_3\">"
-                    "<uml:StructuralFeatureType><uml:Class oim:href=\"#_9\"/></uml:StructuralFeatureType>"
-                    "</uml:Attribute></uml:ClassifierFeature></uml:Class>"));
+    const Result result = check(frame(LOOSE_ENDS));
     EXPECT_THAT(
         result.findings,
-        ElementsAre(HasSubstr("the reference to _9 in \"uml:StructuralFeatureType\" leads nowhere (a class "
-                              "that is used as a type is referred to by the type, which has no element)")));
+        ElementsAre("note 6:101 the reference to _9 in \"uml:StructuralFeatureType\" leads nowhere; a "
+                    "class that is used as a type is referred to by the type, which has no element",
+                    "note 7:83 the reference to _4 in \"uml:CommentAnnotatedElement\" leads to "
+                    "\"uml:Interface\", not to \"uml:Class\"; comments refer to an interface as a "
+                    "class"));
     EXPECT_EQ(result.summary.errors, 0U);
-    EXPECT_EQ(result.summary.notes, 1U);
+    EXPECT_EQ(result.summary.notes, 2U);
 }
 
-TEST(DocumentCheck, TellsTheLineOfAFault) {
-    const Result result = check(frame("<uml:Model oim:id=\"_2\"/>\n<uml:Clas oim:id=\"_3\"/>"));
-    EXPECT_THAT(result.findings, ElementsAre(testing::StartsWith("error 6:")));
+struct LooseReference {
+    const char* description;
+    const char* content;
+    const char* expected;
+};
+
+class DocumentCheckRefuses : public testing::TestWithParam<LooseReference> {};
+
+TEST_P(DocumentCheckRefuses, ALooseReferenceOfAnotherKindInAKnownPlace) {
+    const Result result = check(frame(GetParam().content));
+    ASSERT_EQ(result.findings.size(), 1U) << testing::PrintToString(result.findings);
+    EXPECT_EQ(textOf(result.findings[0]), GetParam().expected);
+    EXPECT_EQ(result.summary.errors, 1U);
 }
 
-TEST(DocumentCheck, ReportsWhatIsNotWellFormedAndStops) {
-    const Result result = check("<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<oim:Transfer>\n<a></b>");
-    ASSERT_EQ(result.summary.errors, result.findings.size());
-    EXPECT_THAT(result.findings.back(), testing::StartsWith("error 3:"));
-    EXPECT_THAT(result.findings.back(), HasSubstr("not well-formed: Opening and ending tag mismatch"));
+INSTANTIATE_TEST_SUITE_P(
+    Rows, DocumentCheckRefuses,
+    testing::Values(
+        LooseReference{"a data type that is missing",
+                       "<uml:Class oim:id=\"_2\"><uml:ClassifierFeature><uml:Attribute oim:id=\"_3\">"
+                       "<uml:StructuralFeatureType><uml:DataType oim:href=\"#_9\"/>"
+                       "</uml:StructuralFeatureType></uml:Attribute></uml:ClassifierFeature></uml:Class>",
+                       "the reference to _9 in \"uml:StructuralFeatureType\" leads nowhere"},
+        LooseReference{
+            "a class type that leads to a package",
+            "<uml:Package oim:id=\"_9\"/><uml:Class oim:id=\"_2\"><uml:ClassifierFeature>"
+            "<uml:Attribute oim:id=\"_3\"><uml:StructuralFeatureType><uml:Class oim:href=\"#_9\"/>"
+            "</uml:StructuralFeatureType></uml:Attribute></uml:ClassifierFeature></uml:Class>",
+            "the reference to _9 in \"uml:StructuralFeatureType\" leads to \"uml:Package\", not to "
+            "\"uml:Class\""},
+        LooseReference{"a comment on nothing",
+                       "<uml:Comment oim:id=\"_5\"><uml:CommentAnnotatedElement><uml:Class oim:href=\"#_4\"/>"
+                       "</uml:CommentAnnotatedElement></uml:Comment>",
+                       "the reference to _4 in \"uml:CommentAnnotatedElement\" leads nowhere"},
+        LooseReference{"a relationship whose table is a package",
+                       "<dbm:LogicalCatalog oim:id=\"_2\"><dbm:CatalogSchemas><dbm:LogicalSchema "
+                       "oim:id=\"_3\"><dbm:SchemaReferentialConstraints><dbm:ReferentialConstraint "
+                       "oim:id=\"_4\"><dbm:ReferentialConstraintUniqueKeyRole><dbm:UniqueKeyRole "
+                       "oim:id=\"_5\"><dbm:JoinRoleColumnSet><dbm:LogicalTable oim:href=\"#_3\"/>"
+                       "</dbm:JoinRoleColumnSet></dbm:UniqueKeyRole></dbm:ReferentialConstraintUniqueKeyRole>"
+                       "</dbm:ReferentialConstraint></dbm:SchemaReferentialConstraints></dbm:LogicalSchema>"
+                       "</dbm:CatalogSchemas></dbm:LogicalCatalog>",
+                       "the reference to _3 in \"dbm:JoinRoleColumnSet\" leads to \"dbm:LogicalSchema\", not "
+                       "to \"dbm:LogicalTable\""}),
+    [](const auto& row) { return wordOf(row.param.description); });
+
+TEST(DocumentCheck, TellsWhereTheTagOfAFaultBegins) {
+    EXPECT_THAT(check(frame("<uml:Model oim:id=\"_2\"/>\n  <uml:Clas oim:id=\"_3\"/>")).findings,
+                ElementsAre("error 7:3 unknown element \"uml:Clas\""));
+    EXPECT_THAT(check(frame("<uml:Model oim:id=\"_2\" name=\"\u00e4\"/> <uml:Model oim:id=\"_3\"\n  "
+                            "colour=\"red\"\n/>"))
+                    .findings,
+                ElementsAre("error 6:35 unknown attribute \"colour\" of \"uml:Model\""));
 }
 
-TEST(DocumentCheck, ReportsATruncatedDocument) {
-    EXPECT_THAT(check("<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<oim:Transfer>\n").findings,
-                ElementsAre(HasSubstr("not well-formed")));
+TEST(DocumentCheck, ShortensWhatItQuotesBetweenCharacters) {
+    std::string name = "a";
+    for (int i = 0; i < 100; ++i) {
+        name += "\u00e4";
+    }
+    const Result result = check(frame("<uml:Model oim:id=\"" + name + "\"/>"));
+    EXPECT_THAT(result.findings,
+                ElementsAre(HasSubstr("\"" + name.substr(0, 59) + "...\" is not of the form")));
 }
 
-TEST(DocumentCheck, ReportsAnEmptyDocument) {
-    EXPECT_EQ(check("").summary.errors, 1U);
+struct BadFrame {
+    const char* description;
+    std::string document;
+    std::vector<std::string> expected;
+};
+
+class DocumentCheckFrame : public testing::TestWithParam<BadFrame> {};
+
+TEST_P(DocumentCheckFrame, IsTold) {
+    EXPECT_EQ(check(GetParam().document).findings, GetParam().expected);
 }
 
-TEST(DocumentCheck, ReportsBytesThatAreNotUtf8) {
-    const Result result = check(
-        "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<oim:Transfer xmlns:oim=\"\xff\"></oim:Transfer>");
-    EXPECT_GE(result.summary.errors, 1U);
-    EXPECT_THAT(result.findings.front(), testing::StartsWith("error 2:"));
+const std::string DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n";
+const std::string SUBSYSTEM =
+    "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement/></uml:Subsystem>\n";
+
+/// The characters of ASCII as UTF-16, low byte first.
+std::string widened(const std::string& text) {
+    std::string wide = "\xFF\xFE";
+    for (const char character : text) {
+        wide.append({character, '\0'});
+    }
+    return wide;
 }
 
-TEST(DocumentCheck, ReportsAnotherEncoding) {
+INSTANTIATE_TEST_SUITE_P(
+    Rows, DocumentCheckFrame,
+    testing::Values(
+        BadFrame{"nothing", "", {"error 1:1 not well-formed: there is nothing in the document"}},
+        BadFrame{"zeros", std::string(100, '\0'), {"error 1:1 not well-formed: this is no XML"}},
+        BadFrame{
+            "other tags at the end",
+            DECLARATION + ROOT + "<oim:TransferHeader></b>",
+            {"error 3:1 the element \"oim:TransferHeader\" has no attribute \"Exporter\"",
+             "error 3:1 the element \"oim:TransferHeader\" has no attribute \"ExporterVersion\"",
+             "error 3:1 the element \"oim:TransferHeader\" has no attribute \"TransferDateTime\"",
+             "error 3:25 not well-formed: Opening and ending tag mismatch: TransferHeader line 3 and b"}},
+        BadFrame{"an early end",
+                 DECLARATION + ROOT + HEADER,
+                 {"error 3:78 not well-formed: the document ends before its elements do"}},
+        BadFrame{"an attribute twice",
+                 DECLARATION + ROOT + HEADER + "<uml:Subsystem name=\"S\" name=\"S\"/>",
+                 {"error 4:33 not well-formed: Attribute name redefined"}},
+        BadFrame{"an entity of nowhere",
+                 DECLARATION + ROOT + HEADER + "<uml:Subsystem name=\"&foo;\"/>",
+                 {"error 4:27 not well-formed: Entity 'foo' not defined"}},
+        BadFrame{"no namespaces",
+                 DECLARATION + "<oim:Transfer>\n" + HEADER + SUBSYSTEM + "</oim:Transfer>",
+                 {"error 2:1 the prefix \"oim\" is used without a namespace",
+                  "error 2:1 the element \"oim:Transfer\" has no attribute \"xmlns:oim\"",
+                  "error 2:1 the element \"oim:Transfer\" has no attribute \"xmlns:uml\"",
+                  "error 4:1 the prefix \"uml\" is used without a namespace"}},
+        BadFrame{
+            "a namespace of another place",
+            DECLARATION +
+                "<oim:Transfer xmlns:oim=\"urn:oim\" xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\">\n" +
+                HEADER + SUBSYSTEM + "</oim:Transfer>",
+            {"error 2:1 the attribute \"xmlns:oim\" of \"oim:Transfer\" is \"urn:oim\" where "
+             "\"http://www.mdcinfo.com/oim/oim.dtd\" is expected"}},
+        BadFrame{"no header",
+                 DECLARATION + ROOT + SUBSYSTEM + "</oim:Transfer>",
+                 {"error 3:1 the element \"uml:Subsystem\" stands where \"oim:TransferHeader\" is expected"}},
+        BadFrame{"a header twice",
+                 DECLARATION + ROOT + HEADER + HEADER + SUBSYSTEM + "</oim:Transfer>",
+                 {"error 4:1 a second element \"oim:TransferHeader\" in \"oim:Transfer\""}},
+        BadFrame{"no content",
+                 DECLARATION + ROOT + HEADER + "</oim:Transfer>",
+                 {"error 4:16 the element \"oim:Transfer\" ends without \"uml:Subsystem\""}},
+        BadFrame{"another root",
+                 DECLARATION + "<uml:Model xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\" name=\"m\"/>",
+                 {"error 2:1 unknown attribute \"xmlns:uml\" of \"uml:Model\"",
+                  "error 2:1 the root is \"uml:Model\" where \"oim:Transfer\" is expected",
+                  "error 2:1 the object \"uml:Model\" has no oim:id"}},
+        BadFrame{"another encoding",
+                 "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n" + ROOT + HEADER + SUBSYSTEM +
+                     "</oim:Transfer>",
+                 {"error 1:1 the document is in \"ISO-8859-1\", not in UTF-8"}},
+        BadFrame{"wide characters",
+                 widened(ROOT + HEADER + SUBSYSTEM + "</oim:Transfer>"),
+                 {"error 1:1 the document is in UTF-16 or UTF-32, not in UTF-8"}}),
+    [](const auto& row) { return wordOf(row.param.description); });
+
+TEST(DocumentCheck, PassesAnEmptyViewWithAndWithoutAByteOrderMark) {
+    const std::string document = DECLARATION + ROOT + HEADER + SUBSYSTEM + "</oim:Transfer>\n";
+    EXPECT_THAT(check(document).findings, IsEmpty());
+    EXPECT_THAT(check("\xEF\xBB\xBF" + document).findings, IsEmpty());
     EXPECT_THAT(
-        check("<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n<oim:Transfer></oim:Transfer>").findings,
-        ElementsAre("error 1:1 the document is in \"ISO-8859-1\", not in UTF-8"));
+        check("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n" + ROOT + HEADER + SUBSYSTEM + "</oim:Transfer>")
+            .findings,
+        IsEmpty());
 }
 
-TEST(DocumentCheck, ReportsAnotherRoot) {
-    EXPECT_THAT(check("<uml:Model oim:id=\"_1\"/>").findings,
-                ElementsAre(HasSubstr("the root is \"uml:Model\" where \"oim:Transfer\" is expected")));
+TEST(DocumentCheck, TellsTheLineOfBytesThatAreNotUtf8) {
+    const Result result = check(frame("<uml:Model oim:id=\"_2\" name=\"\xff\"/>"));
+    EXPECT_EQ(result.summary.errors, 1U);
+    EXPECT_THAT(result.findings.front(), testing::StartsWith("error 6:"));
 }
 
 TEST(DocumentCheck, RefusesDocumentTypesSoThatNoEntityIsExpanded) {
@@ -228,11 +365,20 @@ TEST(DocumentCheck, TellsNoMoreThanAskedForAndCountsTheRest) {
     EXPECT_EQ(result.summary.errors, 50U);
 }
 
+TEST(DocumentCheck, TellsAllNotesHoweverFewErrorsAreAskedFor) {
+    EXPECT_EQ(check(frame(LOOSE_ENDS), 1 << 20, 0).findings.size(), 2U);
+}
+
 TEST(DocumentCheck, TakesIdentifiersFarApartWithoutMemoryForTheGap) {
     EXPECT_THAT(check(frame("<uml:Model oim:id=\"_2000000000\"/>")).findings, IsEmpty());
     EXPECT_EQ(
         check(frame("<uml:Model oim:id=\"_2000000000\"/><uml:Model oim:id=\"_2000000000\"/>")).summary.errors,
         1U);
+    std::string content;
+    for (int i = 1; i < 30'000; ++i) {
+        content += "<uml:Model oim:id=\"_" + std::to_string(i * 65'535) + "\"/>";
+    }
+    EXPECT_THAT(check(frame(content)).findings, IsEmpty());
 }
 
 TEST(OimGrammar, KnowsEveryElementThatItRefersTo) {

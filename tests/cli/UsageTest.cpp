@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "CommandTable.h"
 #include "ProgramRunner.h"
 #include "Sources.h"
@@ -82,6 +84,36 @@ INSTANTIATE_TEST_SUITE_P(
                   {"export", "json:-", "--view", "dbm"},
                   error("OUT.xml is missing, and standard input has no name to make one from") +
                       "hint: \"-\" is standard output\n"},
+        UsageCase{"FileMissingOfCheck",
+                  {"check"},
+                  error("FILE.xml is missing") + "hint: \"oimbridge check --help\" lists the options\n"},
+        UsageCase{"FileEmptyOfCheck", {"check", ""}, error("FILE.xml: the argument is empty")},
+        UsageCase{"OneTooManyOfCheck",
+                  {"check", "a.xml", "b.xml"},
+                  error("the argument \"b.xml\" is one too many") +
+                      "hint: \"oimbridge check --help\" lists the options\n"},
+        UsageCase{"SourceMissingOfConvert",
+                  {"convert"},
+                  error("SOURCE is missing") + "hint: \"oimbridge convert --help\" lists the options\n"},
+        UsageCase{"SourceEmptyOfConvert", {"convert", ""}, error("SOURCE: the argument is empty")},
+        UsageCase{"OutEmptyOfConvert",
+                  {"convert", "shop.sql", ""},
+                  error("MODEL.model.json: the argument is empty")},
+        UsageCase{"OutMissingForStandardInputOfConvert",
+                  {"convert", "sql:-"},
+                  error("MODEL.model.json is missing, and standard input has no name to make one from") +
+                      "hint: \"-\" is standard output\n"},
+        UsageCase{"OutTwiceOfConvert",
+                  {"convert", "shop.sql", "a.model.json", "-o", "b.model.json"},
+                  error("--output: the output is named twice, as the argument OUT and with this option")},
+        UsageCase{"OneTooManyOfConvert",
+                  {"convert", "shop.sql", "a", "b"},
+                  error("the argument \"b\" is one too many") +
+                      "hint: \"oimbridge convert --help\" lists the options\n"},
+        UsageCase{"OneTooManyOfOptions",
+                  {"options", "Model", "File"},
+                  error("the argument \"File\" is one too many") +
+                      "hint: \"oimbridge options --help\" lists the options\n"},
         UsageCase{"OutTwice",
                   {"export", "shop.sql", "a.xml", "-o", "b.xml"},
                   error("--output: the output is named twice, as the argument OUT and with this option")},
@@ -107,6 +139,18 @@ INSTANTIATE_TEST_SUITE_P(
             "OfAnotherCommand",
             {"inspect", "shop.sql", "--overwrite"},
             error("--overwrite: \"inspect\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
+            "ViewOfConvert",
+            {"convert", "shop.sql", "--view", "dbm"},
+            error("--view: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
+            "CheckOfConvert",
+            {"convert", "shop.sql", "--check"},
+            error("--check: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
+            "StrictOfCheck",
+            {"check", "a.xml", "--strict"},
+            error("--strict: \"check\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
         UsageCase{"ValueMissing",
                   {"export", "shop.sql", "--table"},
                   error("--table: the value PATTERN is missing")},
@@ -260,11 +304,27 @@ TEST(EveryOption, RefusesMissingEmptyRepeatedAndAbsurdValues) {
                 expectRefusal(scratch, with({name, "x", name, "x"}),
                               name + ": given 2 times, but it takes one value");
             }
+            const std::string absurd(5000, 'x');
             if (!option.permitted.empty()) {
-                const std::string absurd(5000, 'x');
                 const Result result = run(scratch, with({name, absurd}));
                 EXPECT_EQ(result.exitCode, 2);
                 EXPECT_THAT(result.err, testing::HasSubstr(absurd + "\" is not one of "));
+                continue;
+            }
+            // Whatever else the value is, it ends in a message or in work that is done, and never in a
+            // signal.
+            for (const std::string& value :
+                 {absurd, std::string("\xff\x01\n"), std::string("../../..///.."),
+                  std::string("%s%n$(id)`id`"), std::string("-99999999999999999999")}) {
+                const Result result = run(scratch, with({name + "=" + value}));
+                EXPECT_EQ(result.signal, 0) << value;
+                EXPECT_THAT(result.exitCode, testing::AnyOf(0, 2, 5, 6)) << value;
+                EXPECT_EQ(result.exitCode == 0, result.err.find("oimbridge: error: ") == std::string::npos);
+                for (const std::string& made : scratch.list()) {
+                    if (made != "shop.sql") {
+                        std::filesystem::remove(scratch.path() / made);
+                    }
+                }
             }
         }
     }

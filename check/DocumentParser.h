@@ -1,0 +1,99 @@
+#pragma once
+
+#include <libxml/parser.h>
+
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "DocumentCheck.h"
+#include "Identifiers.h"
+#include "OimGrammar.h"
+
+namespace oimcheck {
+
+/// One document on its way through libxml2's push parser. Names are taken with their prefixes, as they stand.
+class DocumentCheck::Parser {
+  public:
+    Parser(Receiver receiver, std::uint64_t most);
+    ~Parser();
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
+
+    bool feed(const char* bytes, std::size_t count);
+    Summary finish();
+
+  private:
+    /// An attribute with its prefix, as it is written; those that declare a namespace among them.
+    struct Attribute {
+        std::string name;
+        std::string_view value;
+    };
+    /// An element that is open.
+    struct Open {
+        std::uint16_t tag;
+        bool isLink;
+        bool textTold;
+        std::uint16_t inSequence;  ///< how many of the children that must stand in it were there
+    };
+
+    static Parser& self(void* context) { return *static_cast<Parser*>(context); }
+    static void onStart(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                        int namespaceCount, const xmlChar** namespaces, int attributeCount,
+                        int defaultedCount, const xmlChar** attributes);
+    static void onEnd(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri);
+    static void onText(void* context, const xmlChar* text, int length);
+    static void onDocumentType(void* context, const xmlChar* name, const xmlChar* publicId,
+                               const xmlChar* systemId);
+    static void onError(void* context, xmlErrorPtr error);
+
+    // What libxml2 tells (DocumentCheck.cpp)
+    /// Does the work of a callback, unless parsing was stopped. No exception may pass libxml2: it waits here.
+    template <typename Work>
+    void guard(const Work& work);
+    void rethrow();
+    std::size_t unread() const;
+    void push();
+    void checkEncoding();
+    Identifiers::Place place() const;
+    Identifiers::Place startOfTag() const;
+    void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
+              std::string_view explanation = {});
+    void error(std::string text) { tell(Finding::Severity::ERROR, startOfTag(), std::move(text)); }
+    void stop();
+
+    // What the grammar has to do with it (ElementChecks.cpp)
+    void start(std::string_view name, const std::vector<Attribute>& attributes);
+    void end();
+    void checkPrefix(std::string_view prefix, bool isDeclared);
+    void checkRequired(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
+    void checkSequence(const ElementRule& parent, std::uint16_t tag);
+    void checkPlace(std::string_view name, std::uint16_t tag, bool isLink);
+    void checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id, bool isPresent);
+    void checkReference(std::string_view name, std::uint16_t tag, std::string_view href);
+    void checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
+                        std::string_view value);
+    void tellLooseReferences();
+
+    const OimGrammar& grammar_ = OimGrammar::instance();
+    Receiver receiver_;
+    std::uint64_t most_;
+    Summary summary_;
+    Identifiers identifiers_;
+    std::vector<Open> open_;
+    std::vector<Attribute> attributes_;  // of the element that starts; kept for its memory
+    xmlSAXHandler handler_{};
+    xmlParserCtxtPtr context_ = nullptr;
+    bool stopped_ = false;
+    bool rootSeen_ = false;
+    std::exception_ptr failure_;
+    std::string held_;                             // bytes that the parser has yet to get
+    std::vector<std::string> undeclaredPrefixes_;  // that were told
+    std::string start_;                            // of the document: the bytes that tell the encoding
+};
+
+/// The text between quotation marks, shortened when it is long.
+std::string quoted(std::string_view text);
+
+}  // namespace oimcheck

@@ -1,0 +1,202 @@
+#include <algorithm>
+
+#include "DocumentParser.h"
+
+namespace oimcheck {
+namespace {
+
+/// Deeper nesting is refused; packages nested a thousand deep need two elements each.
+constexpr std::size_t DEEPEST_NESTING = 10'000;
+/// The tag of an element that the grammar does not know.
+constexpr std::uint16_t OTHER = 0xfffe;
+constexpr std::uint16_t NOWHERE = 0xfffd;
+
+}  // namespace
+
+void DocumentCheck::Parser::start(std::string_view name, const std::vector<Attribute>& attributes) {
+    ++summary_.elements;
+    if (open_.size() >= DEEPEST_NESTING) {
+        error("elements are nested deeper than " + std::to_string(DEEPEST_NESTING));
+        stop();
+        return;
+    }
+    const std::uint16_t known = grammar_.find(name);
+    const std::uint16_t tag = known == OimGrammar::UNKNOWN ? OTHER : known;
+    std::string_view id;
+    std::string_view href;
+    bool hasId = false;
+    bool isLink = false;
+    for (const Attribute& attribute : attributes) {
+        if (attribute.name == "oim:id") {
+            id = attribute.value;
+            hasId = true;
+        } else if (attribute.name == "oim:href") {
+            href = attribute.value;
+            isLink = true;
+        } else if (tag != OTHER) {
+            checkAttribute(name, tag, attribute.name, attribute.value);
+        }
+    }
+    checkPlace(name, tag, isLink);
+    if (tag != OTHER && !isLink) {
+        checkRequired(name, tag, attributes);
+    }
+    if (isLink) {
+        checkReference(name, tag, href);
+    }
+    if (!isLink || hasId) {
+        checkIdentifier(name, tag, id, hasId);
+    }
+    open_.push_back({tag, isLink, false, 0});
+}
+
+void DocumentCheck::Parser::end() {
+    const Open& ended = open_.back();
+    if (ended.tag != OTHER && !ended.isLink) {
+        const ElementRule& rule = grammar_[ended.tag];
+        if (ended.inSequence < rule.sequence.size()) {
+            tell(Finding::Severity::ERROR, place(),
+                 "the element " + quoted(rule.name) + " ends without " +
+                     quoted(grammar_[rule.sequence[ended.inSequence]].name));
+        }
+    }
+    open_.pop_back();
+}
+
+void DocumentCheck::Parser::checkPrefix(std::string_view prefix, bool isDeclared) {
+    if (prefix.empty() || isDeclared ||
+        std::find(undeclaredPrefixes_.begin(), undeclaredPrefixes_.end(), prefix) !=
+            undeclaredPrefixes_.end()) {
+        return;
+    }
+    constexpr std::size_t MOST = 100;
+    if (undeclaredPrefixes_.size() < MOST) {
+        undeclaredPrefixes_.emplace_back(prefix);
+    }
+    error("the prefix " + quoted(prefix) + " is used without a namespace");
+}
+
+void DocumentCheck::Parser::checkRequired(std::string_view name, std::uint16_t tag,
+                                          const std::vector<Attribute>& attributes) {
+    for (const AttributeRule& rule : grammar_[tag].attributes) {
+        if (rule.isRequired &&
+            std::none_of(attributes.begin(), attributes.end(),
+                         [&](const Attribute& given) { return given.name == rule.name; })) {
+            error("the element " + quoted(name) + " has no attribute " + quoted(rule.name));
+        }
+    }
+}
+
+void DocumentCheck::Parser::checkSequence(const ElementRule& parent, std::uint16_t tag) {
+    const std::vector<std::uint16_t>& sequence = parent.sequence;
+    const auto place =
+        static_cast<std::size_t>(std::find(sequence.begin(), sequence.end(), tag) - sequence.begin());
+    std::uint16_t& reached = open_.back().inSequence;
+    if (place == sequence.size()) {
+        return;
+    }
+    if (place < reached) {
+        error("a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name));
+    } else if (place > reached) {
+        error("the element " + quoted(grammar_[tag].name) + " stands where " +
+              quoted(grammar_[sequence[reached]].name) + " is expected");
+    }
+    reached = std::max(reached, static_cast<std::uint16_t>(place + 1));
+}
+
+void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag, bool isLink) {
+    if (tag == OTHER) {
+        error("unknown element " + quoted(name));
+        return;
+    }
+    if (open_.empty()) {
+        if (grammar_[tag].name != "oim:Transfer") {
+            error("the root is " + quoted(name) + " where \"oim:Transfer\" is expected");
+        }
+        rootSeen_ = true;
+        return;
+    }
+    if (open_.back().isLink) {
+        error("a reference holds the element " + quoted(name) + "; references are empty");
+        return;
+    }
+    if (open_.back().tag == OTHER) {
+        return;
+    }
+    const ElementRule& parent = grammar_[open_.back().tag];
+    const std::vector<std::uint16_t>& permitted = isLink ? parent.references : parent.children;
+    if (!isLink) {
+        checkSequence(parent, tag);
+    }
+    if (std::find(permitted.begin(), permitted.end(), tag) == permitted.end()) {
+        error((isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
+              quoted(parent.name));
+    }
+}
+
+void DocumentCheck::Parser::checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id,
+                                            bool isPresent) {
+    const ElementKind kind = tag == OTHER ? ElementKind::OBJECT : grammar_[tag].kind;
+    const bool takesId = kind == ElementKind::OBJECT || kind == ElementKind::NUMBERED_ASSOCIATION;
+    if (!isPresent) {
+        if (takesId && tag != OTHER) {
+            error("the object " + quoted(name) + " has no oim:id");
+        }
+        return;
+    }
+    ++summary_.objects;
+    if (!takesId) {
+        error("the element " + quoted(name) + " is no object and has an oim:id");
+    }
+    const int number = Identifiers::parse(id, "_");
+    if (number == 0) {
+        error("the identifier " + quoted(id) + " is not of the form \"_N\"");
+    } else if (!identifiers_.give(number, tag)) {
+        error("the identifier " + quoted(id) + " was given before");
+    }
+}
+
+void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t tag, std::string_view href) {
+    ++summary_.references;
+    const int number = Identifiers::parse(href, "#_");
+    if (number == 0) {
+        error("the reference " + quoted(href) + " of " + quoted(name) + " is not of the form \"#_N\"");
+    } else if (tag != OTHER) {
+        identifiers_.refer({number, tag, open_.empty() ? OTHER : open_.back().tag, startOfTag()});
+    }
+}
+
+void DocumentCheck::Parser::checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
+                                           std::string_view value) {
+    const AttributeRule* rule = grammar_[tag].findAttribute(name);
+    if (rule == nullptr) {
+        error("unknown attribute " + quoted(name) + " of " + quoted(element));
+    } else if (!rule->permits(value)) {
+        error("the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
+              " where " + rule->describe() + " is expected");
+    }
+}
+
+void DocumentCheck::Parser::tellLooseReferences() {
+    identifiers_.forEachLoose(NOWHERE, [this](const Identifiers::Reference& reference, std::uint16_t target) {
+        const std::string& tag = grammar_[reference.tag].name;
+        const std::string_view holder = reference.holder == OTHER
+                                            ? std::string_view()
+                                            : std::string_view(grammar_[reference.holder].name);
+        const std::string_view targetTag = target == NOWHERE || target == OTHER
+                                               ? std::string_view()
+                                               : std::string_view(grammar_[target].name);
+        const std::string_view explanation =
+            target == OTHER ? std::string_view() : explainLooseReference(holder, tag, targetTag);
+        std::string text =
+            "the reference to _" + std::to_string(reference.id) + " in " + quoted(holder) + " leads ";
+        text += target == NOWHERE
+                    ? "nowhere"
+                    : "to " + (target == OTHER ? "an unknown element" : quoted(grammar_[target].name));
+        text += target == NOWHERE ? "" : ", not to " + quoted(tag);
+        tell(explanation.empty() ? Finding::Severity::ERROR : Finding::Severity::NOTE, reference.place,
+             std::move(text), explanation);
+    });
+}
+
+}  // namespace oimcheck

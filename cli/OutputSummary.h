@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "Arguments.h"
+#include "Console.h"
+#include "OutputFile.h"
+#include "SourceOpening.h"
+
+namespace cli {
+
+/// Throws Failure when standard input is to be read and nothing says where to write. `argument` is what the
+/// help calls the output.
+void requireOutputForStandardInput(const SourceName& name, const Arguments& arguments,
+                                   const std::string& argument);
+
+/// Tells what was written where: to standard output, unless that is the output's place or messages go to
+/// programs, which get `data` (a JSON object) too.
+void printOutputSummary(const std::string& sourceName, const OutputFile& output, const std::string& text,
+                        const std::string& data, Console& console);
+
+/// Taking millions of objects apart would only delay the end of the program. The model stays within reach, so
+/// that a check for leaks does not take it for one.
+void leaveToSystem(std::unique_ptr<ZORModel> model);
+
+}  // namespace cli

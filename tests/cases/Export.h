@@ -1,0 +1,28 @@
+#pragma once
+
+#include <ctime>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ZOR.h"
+#include "ZORManager.h"
+
+namespace cases {
+
+/// 12 June 2007, 10:53:57.
+constexpr std::time_t MOMENT = 1181645637;
+
+/// Reads the source with the reader that recognises it; `modelName` may be empty.
+std::unique_ptr<ZORModel> readModel(const std::string& source, const std::string& modelName);
+
+/// The model as a model document, and back.
+std::string saveModel(const ZORModel& model);
+std::unique_ptr<ZORModel> readSavedModel(const std::string& document);
+
+/// Exports through the plug-in as a host loads it. `name` is that of the file that is written meanwhile.
+std::string exportModel(ZORModel& model, const std::vector<std::pair<std::string, std::string>>& options,
+                        const std::string& name, ZORLog& log);
+
+}  // namespace cases

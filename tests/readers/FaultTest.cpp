@@ -1,0 +1,240 @@
+// Reading while something fails: every single allocation in turn, every single step of SQLite in turn. A
+// reader gives the whole model or says that it cannot; it never gives a part as if it were the whole, and
+// leaves no memory behind.
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "FailingAllocator.h"
+#include "ModelDump.h"
+#include "Reader.h"
+
+namespace {
+
+/// The number of the step that fails, counted down; none fails below 1.
+long stepsToGo = 0;
+
+}  // namespace
+
+/// In the place of the library's, for everything in this program. What SQLite does for itself goes on: it
+/// would not know what to make of its own steps failing without a cause.
+extern "C" int sqlite3_step(sqlite3_stmt* statement) {
+    static const auto libraryStep =
+        reinterpret_cast<int (*)(sqlite3_stmt*)>(::dlsym(RTLD_NEXT, "sqlite3_step"));
+    Dl_info library;
+    Dl_info caller;
+    const bool isOurs = ::dladdr(reinterpret_cast<void*>(libraryStep), &library) != 0 &&
+                        ::dladdr(__builtin_return_address(0), &caller) != 0 &&
+                        caller.dli_fbase != library.dli_fbase;
+    if (isOurs && stepsToGo > 0 && --stepsToGo == 0) {
+        return SQLITE_IOERR;
+    }
+    return libraryStep(statement);
+}
+
+namespace {
+
+constexpr std::string_view SCRIPT = R"(
+CREATE TABLE customer (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(40) NOT NULL UNIQUE COLLATE NOCASE);
+CREATE TABLE purchase (no INTEGER, customer INT REFERENCES customer ON DELETE CASCADE,
+  state CHAR(1) DEFAULT 'o' CHECK (state IN ('o', 'p')), PRIMARY KEY (no)) WITHOUT ROWID;
+CREATE INDEX by_customer ON purchase (customer, state DESC);
+CREATE VIEW paid AS SELECT p.no, c.name FROM purchase p JOIN customer c ON c.id = p.customer WHERE p.state = 'p';
+CREATE TRIGGER closed BEFORE DELETE ON purchase BEGIN SELECT 1; END;
+)";
+
+constexpr std::string_view DOCUMENT =
+    R"({ "format": "oim-source-model", "version": 1, "model": { "name": "Shop",
+  "types": [{ "id": "t", "kind": "concrete", "name": "int", "dataType": "SQL_INTEGER" }],
+  "children": [{ "kind": "package", "name": "p", "elements": [
+    { "kind": "class", "id": "c", "name": "C", "notes": ["a note"], "attributes": [{ "id": "a", "name": "a", "type": "t" }],
+      "keys": [{ "kind": "candidate", "id": "k", "name": "PK", "primary": true, "attributes": ["a"] }],
+      "operations": [{ "name": "o", "arguments": [{ "name": "x", "type": "t" }] }] },
+    { "kind": "class", "id": "d", "name": "D", "attributes": [{ "id": "b", "name": "a", "type": "t",
+      "roleNameMaps": [{ "foreignKey": "f", "references": "a" }] }],
+      "keys": [{ "kind": "foreign", "id": "f", "name": "FK", "references": "k", "attributes": ["b"] }] },
+    { "kind": "association", "name": "r", "roles": [{ "class": "c" }, { "class": "d", "foreignKey": "f" }] },
+    { "kind": "generalization", "parents": ["c"], "children": ["d"] } ] }] } })";
+
+constexpr std::string_view UML = R"(<?xml version="1.0" encoding="UTF-8"?>
+<xmi:XMI xmi:version="2.1" xmlns:xmi="http://schema.omg.org/spec/XMI/2.1" xmlns:uml="http://www.eclipse.org/uml2/3.0.0/UML">
+  <uml:Model xmi:id="m" name="Shop">
+    <packagedElement xmi:type="uml:PrimitiveType" xmi:id="t" name="int"/>
+    <packagedElement xmi:type="uml:Enumeration" xmi:id="e" name="State"><ownedLiteral xmi:id="l" name="open"/></packagedElement>
+    <packagedElement xmi:type="uml:Package" xmi:id="p" name="p">
+      <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+        <ownedComment xmi:id="n"><body>a note</body></ownedComment>
+        <ownedAttribute xmi:id="a" name="a" type="t"/>
+        <ownedOperation xmi:id="o" name="o"><ownedParameter xmi:id="x" name="x" type="e"/></ownedOperation>
+      </packagedElement>
+      <packagedElement xmi:type="uml:Class" xmi:id="d" name="D">
+        <generalization xmi:id="g" general="c"/>
+        <ownedAttribute xmi:id="end" name="c" type="c" association="s"/>
+      </packagedElement>
+      <packagedElement xmi:type="uml:Association" xmi:id="s" name="r" memberEnd="end other">
+        <ownedEnd xmi:id="other" name="d" type="d" association="s"/>
+      </packagedElement>
+    </packagedElement>
+  </uml:Model>
+</xmi:XMI>
+)";
+
+class QuietContext : public readers::ReadContext {
+  public:
+    void warn(const std::string& where, const std::string& text) override {
+        ++warnings;
+        std::fprintf(stderr, "W %s %s\n", where.c_str(), text.c_str());
+    }
+    void progress(std::uint64_t /*objects*/) override {}
+
+    int warnings = 0;
+};
+
+const readers::Reader& readerNamed(std::string_view name) {
+    for (const readers::Reader* reader : readers::allReaders()) {
+        if (reader->describe().name == name) {
+            return *reader;
+        }
+    }
+    throw std::logic_error("no such reader");
+}
+
+/// What came of an attempt to read.
+struct Attempt {
+    std::string dump;  ///< of the model; empty when there is none
+    std::string refusal;
+    int warnings = 0;
+};
+
+/// `fault` sets up what is to fail, `endOfFault` tells whether it has not failed.
+template <typename Fault>
+Attempt attempt(const readers::Reader& reader, const readers::Source& source, const Fault& fault) {
+    QuietContext context;
+    Attempt result;
+    std::unique_ptr<ZORModel> model;
+    fault();
+    try {
+        model = reader.read(source, {}, context);
+        fault.end();
+    } catch (const readers::SourceError& error) {
+        fault.end();
+        result.refusal = error.what();
+    } catch (const std::bad_alloc&) {
+        fault.end();
+        result.refusal = "no memory";
+    }
+    if (model != nullptr) {
+        result.dump = support::dumpModel(*model);
+    }
+    result.warnings = context.warnings;
+    return result;
+}
+
+struct AllocationFault {
+    long n;
+    bool& unreached;
+    void operator()() const { support::failAllocation(n); }
+    void end() const { unreached = support::endOfAllocationFailure(); }
+};
+
+struct StepFault {
+    long n;
+    bool& unreached;
+    void operator()() const { stepsToGo = n; }
+    void end() const {
+        unreached = stepsToGo > 0;
+        stepsToGo = 0;
+    }
+};
+
+struct SourceRow {
+    const char* reader;
+    std::string_view content;
+    bool isDatabase;
+};
+
+std::ostream& operator<<(std::ostream& out, const SourceRow& row) {
+    return out << row.reader;
+}
+
+class Faults : public ::testing::TestWithParam<SourceRow> {
+  protected:
+    Faults() : source_(makeSource()) {}
+    ~Faults() override { std::filesystem::remove(path_); }
+
+    template <typename Fault>
+    Attempt read(long n, bool& unreached) {
+        return attempt(reader_, source_, Fault{n, unreached});
+    }
+    /// Lets each call fail in turn until a reading comes to its end without.
+    template <typename Fault>
+    long readWithEachFailing() {
+        bool unreached = false;
+        const Attempt sound = read<Fault>(0, unreached);
+        EXPECT_NE(sound.dump, "");
+        read<Fault>(1, unreached);  // what libraries make once and keep is made
+        long n = 0;
+        for (unreached = false; !unreached && !::testing::Test::HasFailure();) {
+            const long blocks = support::blocksInUse();
+            ++n;
+            {
+                const Attempt result = read<Fault>(n, unreached);
+                const bool isWhole = result.dump == sound.dump && result.warnings == sound.warnings;
+                EXPECT_TRUE(isWhole || result.dump.empty()) << "a part was given as the whole at " << n;
+                EXPECT_TRUE(isWhole || !result.refusal.empty()) << "nothing was said at " << n;
+            }
+            EXPECT_LE(support::blocksInUse(), blocks) << "memory is left behind at " << n;
+        }
+        return n;
+    }
+
+  private:
+    readers::Source makeSource() {
+        if (!GetParam().isDatabase) {
+            return readers::Source::fromText("source", std::string(GetParam().content));
+        }
+        path_ = std::filesystem::temp_directory_path() / ("faults-" + std::to_string(::getpid()) + ".sqlite");
+        std::filesystem::remove(path_);
+        sqlite3* database = nullptr;
+        if (sqlite3_open(path_.c_str(), &database) != SQLITE_OK ||
+            sqlite3_exec(database, std::string(GetParam().content).c_str(), nullptr, nullptr, nullptr) !=
+                SQLITE_OK) {
+            throw std::runtime_error("the database cannot be made");
+        }
+        sqlite3_close(database);
+        return readers::Source::fromFile(path_.string());
+    }
+
+    std::filesystem::path path_;
+    const readers::Reader& reader_ = readerNamed(GetParam().reader);
+    readers::Source source_;
+};
+
+TEST_P(Faults, OfAnyAllocationAreTold) {
+    EXPECT_GT(readWithEachFailing<AllocationFault>(), 20);
+}
+
+class SqliteFaults : public Faults {};
+
+TEST_P(SqliteFaults, OfAnyStepAreTold) {
+    EXPECT_GT(readWithEachFailing<StepFault>(), 20);
+}
+
+std::string nameOf(const ::testing::TestParamInfo<SourceRow>& row) {
+    return row.param.reader;
+}
+
+constexpr SourceRow DATABASE{"sqlite", SCRIPT, true};
+constexpr SourceRow SQL_SCRIPT{"sql", SCRIPT, false};
+constexpr SourceRow MODEL_DOCUMENT{"json", DOCUMENT, false};
+constexpr SourceRow UML_MODEL{"xmi", UML, false};
+
+INSTANTIATE_TEST_SUITE_P(Source, Faults, ::testing::Values(DATABASE, SQL_SCRIPT, MODEL_DOCUMENT, UML_MODEL),
+                         nameOf);
+INSTANTIATE_TEST_SUITE_P(Source, SqliteFaults, ::testing::Values(DATABASE, SQL_SCRIPT), nameOf);
+
+}  // namespace
