@@ -134,8 +134,8 @@ class MappingTest : public testing::Test {
 
 TEST_F(MappingTest, TheCheckKnowsTheElementsThatAreMappedAndNoOthers) {
     std::set<std::string> known;
-    for (std::uint16_t i = 0; i < grammar.size(); ++i) {
-        known.insert(grammar[i].name);
+    for (std::size_t i = 0; i < grammar.size(); ++i) {
+        known.insert(grammar[static_cast<std::uint16_t>(i)].name);
     }
     std::set<std::string> mapped;
     for (const auto& [name, element] : mapping.elements) {
