@@ -75,7 +75,7 @@ constexpr Row ROWS[] = {
     {"uml:Parameter", OBJECT,
      "name description comments defaultValue kind=in|out|inout|return typeExpression",
      "uml:ParameterType uml:ModelElementStereotype"},
-    {"uml:DataType", OBJECT, "name description comments", "uml:ModelElementStereotype"},
+    {"uml:DataType", OBJECT, "name description comments", ""},
     {"uml:Stereotype", OBJECT,
      "name "
      "baseClass=Model|Package|Class|AssociationClass|Attribute|Generalization|Association|AssociationEnd|"
@@ -102,7 +102,8 @@ constexpr Row ROWS[] = {
     {"uml:ConstraintConstrainedElement", ASSOCIATION, "",
      "&uml:Operation &uml:Association &uml:AssociationEnd"},
     {"uml:CommentAnnotatedElement", ASSOCIATION, "",
-     "*classes &uml:Package &uml:Attribute &uml:Operation &uml:Parameter &uml:Association "
+     "&uml:Class &uml:AssociationClass &uml:Package &uml:Attribute &uml:Operation &uml:Parameter "
+     "&uml:Association "
      "&uml:AssociationEnd "
      "&uml:Generalization &uml:Dependency"},
 

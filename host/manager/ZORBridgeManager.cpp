@@ -215,6 +215,14 @@ ZORString ZORBridge::getMappingSpecificationXmlFile() const {
     return guarded(getName(), [&] { return getInterface().getMappingSpecificationXmlFile(); });
 }
 
+ZORString ZORBridge::findMappingSpecification() const {
+    const ZORString name = getMappingSpecificationXmlFile();
+    const fs::path document = fs::path(getPath().c_str()).parent_path() / (std::string(name.view()) + ".xml");
+    std::error_code error;
+    return !name.isEmpty() && fs::is_regular_file(document, error) ? toZORString(document.native())
+                                                                   : ZORString();
+}
+
 void ZORBridge::run(ZORModel& model, ZOROptionList& options, ZORLog& log) const {
     requireSound(model, options);
     const ZORString fileName = options.getValue("File");

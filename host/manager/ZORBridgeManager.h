@@ -17,7 +17,10 @@ class ZORBridge {
     /// Replaces what is in the list by the bridge's options, set to their defaults.
     void getOptionList(ZOROptionList& options) const;
     ZORBridgeSpecification getSpecification() const;
+    /// The base name of the document that tells what the bridge writes for which part of a model.
     ZORString getMappingSpecificationXmlFile() const;
+    /// The path of that document, which stands beside the library; empty when there is none.
+    ZORString findMappingSpecification() const;
 
     /// Checks the model and runs the export. Throws a ZORException when the model is unsound (its text then
     /// lists what is wrong, a line each) or the export fails; the model is as before in either case.

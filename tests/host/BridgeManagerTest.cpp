@@ -236,6 +236,7 @@ TEST_F(BridgeTest, ReplacesExceptionsThatAreNotTheHosts) {
     EXPECT_EQ(runFailure("standard exception"), unexpected);
     EXPECT_EQ(runFailure("number"), unexpected);
     EXPECT_EQ(failureOf([&] { bridge.getMappingSpecificationXmlFile(); }), unexpected);
+    EXPECT_EQ(failureOf([&] { bridge.findMappingSpecification(); }), unexpected);
 }
 
 TEST_F(BridgeTest, TellsThatAnExportWasNotCompleted) {

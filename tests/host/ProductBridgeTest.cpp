@@ -1,7 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "CollectingLog.h"
 #include "CompleteModel.h"
@@ -58,6 +63,33 @@ class ProductBridgeTest : public testing::Test {
     CollectingLog log;
     std::shared_ptr<support::SinkRecord> record;
 };
+
+TEST_F(ProductBridgeTest, HasItsMappingDocumentBesideIt) {
+    const std::string path(bridge.findMappingSpecification().view());
+    EXPECT_THAT(path, EndsWith("/" + std::string(bridge.getMappingSpecificationXmlFile().view()) + ".xml"));
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    EXPECT_THAT(text.str(), testing::HasSubstr("<mapping bridge=\"MicrosoftSqlServerMdsMdcExport\">"));
+    EXPECT_THAT(text.str(), EndsWith("</mapping>\n"));
+}
+
+TEST_F(ProductBridgeTest, FindsNoMappingDocumentWhereThereIsNone) {
+    namespace fs = std::filesystem;
+    const fs::path folder =
+        fs::path(testing::TempDir()) / ("zor_product_bridge_test_" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    const fs::path library = fs::path(bridge.getPath().c_str());
+    fs::create_symlink(library, folder / library.filename());
+    const ZORBridge alone = ZORBridgeManager(folder.c_str()).load(bridge.getName());
+    EXPECT_EQ(alone.findMappingSpecification(), "");
+    const fs::path document = folder / (alone.getMappingSpecificationXmlFile() + ".xml").c_str();
+    fs::create_directory(document);
+    EXPECT_EQ(alone.findMappingSpecification(), "") << "a folder is no document";
+    fs::remove(document);
+    std::ofstream(document) << "<mapping/>";
+    EXPECT_EQ(alone.findMappingSpecification(), document.c_str());
+    fs::remove_all(folder);
+}
 
 TEST_F(ProductBridgeTest, ExportsAModelThatHoldsEverything) {
     CompleteModel m;

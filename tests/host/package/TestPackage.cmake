@@ -12,11 +12,16 @@ function(run)
     endif()
 endfunction()
 
-# expect_export(PROGRAM): the program writes the table's element.
+# expect_export(PROGRAM): the program writes the table's element, and finds the mapping document of the installed tree.
 function(expect_export program)
     set(document "${SCRATCH}/out.xml")
     file(REMOVE "${document}")
-    run(${CMAKE_COMMAND} -E env --unset=LD_LIBRARY_PATH --unset=ZOR_BRIDGE_PATH "${program}" "${document}")
+    execute_process(
+        COMMAND ${CMAKE_COMMAND} -E env --unset=LD_LIBRARY_PATH --unset=ZOR_BRIDGE_PATH "${program}" "${document}"
+        COMMAND_ERROR_IS_FATAL ANY OUTPUT_VARIABLE mapping)
+    if(NOT mapping STREQUAL "${moved}/${LIBDIR}/zor/bridges/ZORMicrosoftSqlServerMdsMdcDBMExport.xml")
+        message(FATAL_ERROR "${program} found the mapping document \"${mapping}\"")
+    endif()
     file(READ "${document}" text)
     if(NOT text MATCHES "<dbm:LogicalTable [^>]*name=\"Customer\".*</oim:Transfer>\n$")
         message(FATAL_ERROR "${program} wrote no complete document with the table:\n${text}")

@@ -1,4 +1,5 @@
-// A host of bridges in ten lines: exports a table to the file that its argument names.
+// A host of bridges in ten lines: exports a table to the file that its argument names, and tells where it is
+// written what becomes of a model.
 #include <iostream>
 
 #include "ZORManager.h"
@@ -19,4 +20,5 @@ int main(int /*count*/, char** arguments) {
     options.setValue("Model", "DBM");
     options.setValue("File", arguments[1]);
     bridge.run(model, options, log);
+    std::cout << bridge.findMappingSpecification().c_str();
 }
