@@ -21,6 +21,12 @@ void setDefault(ZOROptionList& options, const Arguments& arguments, const char* 
     }
 }
 
+std::string hintFor(const ZOROptionList& options, const BridgeSetting& setting) {
+    const bool isKnown = options.find(std::string_view(setting.displayName)) != nullptr;
+    return isKnown ? "oimbridge options \"" + setting.displayName + "\" lists what it permits"
+                   : "oimbridge options lists all options";
+}
+
 }  // namespace
 
 ZORBridge loadBridge() {
@@ -37,7 +43,7 @@ void setGivenOptions(ZOROptionList& options, const Arguments& arguments) {
         try {
             options.setValue(std::string_view(setting.displayName), std::string_view(setting.value));
         } catch (const ZORException& error) {
-            throw Failure(ExitCode::WRONG_USE, setting.givenBy, error.what());
+            throw Failure(ExitCode::WRONG_USE, setting.givenBy, error.what(), hintFor(options, setting));
         }
     }
 }

@@ -58,8 +58,8 @@ std::string formatJson(const Message& message) {
 int writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t written = ::write(descriptor, text.data(), text.size());
-        if (written < 0 && errno != EINTR) {
-            return errno;
+        if (written == 0 || (written < 0 && errno != EINTR)) {
+            return written == 0 ? EIO : errno;  // what takes nothing would be asked for ever
         }
         text.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
     }

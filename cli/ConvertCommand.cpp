@@ -46,34 +46,6 @@ void warnOfIllFormedTexts(std::uint64_t count, const std::string& sourceName, Co
     }
 }
 
-std::string summaryData(const OpenedSource& source, const ReadModel& read, const OutputFile& output,
-                        Clock::duration time) {
-    JsonWriter json;
-    json.beginObject()
-        .member("source", source.source.name())
-        .member("reader", source.reader->describe().name)
-        .member("model", read.model->getName().view())
-        .member("output", output.name())
-        .key("counts");
-    writeCounts(json, read.counts.total);
-    json.key("losses").beginObject();
-    for (const auto& [kind, count] : read.losses.countByKind()) {
-        json.member(kind, count);
-    }
-    json.endObject()
-        .member("bytes", output.bytes())
-        .member("milliseconds", std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
-    return json.endObject().text();
-}
-
-std::string summaryText(const OpenedSource& source, const ReadModel& read, const OutputFile& output,
-                        Clock::duration time) {
-    const bool databaseWords = source.reader->describe().naturalView == "dbm";
-    return fmt::format("model \"{}\": {}; {} in {:.2f} s", read.model->getName().view(),
-                       describeCounts(read.counts.total, databaseWords), formatBytes(output.bytes()),
-                       std::chrono::duration<double>(time).count());
-}
-
 }  // namespace
 
 ExitCode runConvert(const Arguments& arguments, Console& console) {
@@ -92,9 +64,10 @@ ExitCode runConvert(const Arguments& arguments, Console& console) {
 
     warnOfIllFormedTexts(illFormed, sourceName, console);
     printLosses(read.losses, sourceName, console);
-    const Clock::duration time = Clock::now() - start;
-    printOutputSummary(sourceName, output, summaryText(source, read, output, time),
-                       summaryData(source, read, output, time), console);
+    const RunSummary summary{source, read, output, Clock::now() - start};
+    printOutputSummary(sourceName, output,
+                       fmt::format("model \"{}\": {}", read.model->getName().view(), summary.figures()),
+                       summary.data([](JsonWriter& /*json*/) {}), console);
     const ExitCode code = concludeRun(read, sourceName, arguments, console);
     leaveToSystem(std::move(read.model));
     return code;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 
 #include "BridgeLog.h"
 #include "BridgeOptions.h"
@@ -80,49 +81,24 @@ std::vector<std::string> typeSetsOf(const View& view, const ZOROptionList& optio
     return typeSets;
 }
 
-/// What was written where, for people and for programs.
-struct Summary {
-    const OpenedSource& source;
-    const OutputFile& output;
-    const View& view;
-    const ReadModel& read;
-    std::vector<std::string> typeSets;
-    Clock::duration time;
+std::string summaryText(const RunSummary& summary, const View& view,
+                        const std::vector<std::string>& typeSets) {
+    const std::string types = typeSets.empty() ? std::string() : ", types of " + joinWords(typeSets);
+    // The view may not show all of what was read: `inspect` tells.
+    return fmt::format("{} of \"{}\"{}, from {}", view.title, summary.read.model->getName().view(), types,
+                       summary.figures());
+}
 
-    std::string text() const {
-        const bool databaseWords = source.reader->describe().naturalView == "dbm";
-        std::string types;
-        if (!typeSets.empty()) {
-            types = fmt::format(", types of {}", joinWords(typeSets));
-        }
-        return fmt::format("{} of \"{}\"{}: {}; {} in {:.2f} s", view.title, read.model->getName().view(),
-                           types, describeCounts(read.counts.total, databaseWords),
-                           formatBytes(output.bytes()), std::chrono::duration<double>(time).count());
-    }
-    std::string data() const {
-        JsonWriter json;
-        json.beginObject()
-            .member("source", source.source.name())
-            .member("reader", source.reader->describe().name)
-            .member("model", read.model->getName().view())
-            .member("output", output.name())
-            .member("view", view.name);
-        json.key("typeSets").beginList();
+std::string summaryData(const RunSummary& summary, const View& view,
+                        const std::vector<std::string>& typeSets) {
+    return summary.data([&](JsonWriter& json) {
+        json.member("view", view.name).key("typeSets").beginList();
         for (const std::string& typeSet : typeSets) {
             json.value(typeSet);
         }
-        json.endList().key("counts");
-        writeCounts(json, read.counts.total);
-        json.key("losses").beginObject();
-        for (const auto& [kind, count] : read.losses.countByKind()) {
-            json.member(kind, count);
-        }
-        json.endObject()
-            .member("bytes", output.bytes())
-            .member("milliseconds", std::chrono::duration_cast<std::chrono::milliseconds>(time).count());
-        return json.endObject().text();
-    }
-};
+        json.endList();
+    });
+}
 
 /// Reads the model and sees to it that it can be written.
 ReadModel readForExport(const OpenedSource& source, const View& view, const Arguments& arguments,
@@ -185,9 +161,10 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     const View& view = given != nullptr ? *given : naturalView(source);
     options.setValue("Model", view.bridgeValue);
     OutputFile output(outputPath(source, arguments), arguments.overwrite, source.source.path());
-    CheckReport check(output.name(), console);
+    std::optional<CheckReport> check;
     if (arguments.check) {
-        output.setObserver([&check](const char* bytes, std::size_t count) { check.feed(bytes, count); });
+        check.emplace(output.name(), console);
+        output.setObserver([&check](const char* bytes, std::size_t count) { check->feed(bytes, count); });
     }
 
     ReadModel read = readForExport(source, view, arguments, console, progress);
@@ -198,10 +175,12 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     progress.stop();
 
     printLosses(read.losses, source.source.name(), console);
-    const Summary summary{source, output, view, read, typeSetsOf(view, options), Clock::now() - start};
-    printOutputSummary(source.source.name(), output, summary.text(), summary.data(), console);
+    const RunSummary summary{source, read, output, Clock::now() - start};
+    const std::vector<std::string> typeSets = typeSetsOf(view, options);
+    printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),
+                       summaryData(summary, view, typeSets), console);
     ExitCode code = concludeRun(read, source.source.name(), arguments, console);
-    if (arguments.check && concludeCheck(check, output, console) != ExitCode::DONE) {
+    if (check && concludeCheck(*check, output, console) != ExitCode::DONE) {
         code = ExitCode::FINDINGS;
     }
     leaveToSystem(std::move(read.model));

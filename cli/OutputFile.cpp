@@ -202,8 +202,8 @@ void OutputFile::write(const char* bytes, std::size_t count) {
     const int descriptor = kind_ == Kind::STANDARD_OUTPUT ? STDOUT_FILENO : file_.get();
     while (count > 0) {
         const ssize_t written = ::write(descriptor, bytes, count);
-        if (written < 0 && errno != EINTR) {
-            failureReason_ = errno;
+        if (written == 0 || (written < 0 && errno != EINTR)) {
+            failureReason_ = written == 0 ? EIO : errno;  // what takes nothing would be asked for ever
             throw ZORException(QLCM::FILE_WRITE_ERROR.getMessage(
                 std::string_view(name_), std::string_view(describeErrno(failureReason_))));
         }

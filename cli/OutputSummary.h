@@ -1,9 +1,13 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <string>
 
 #include "Arguments.h"
 #include "Console.h"
+#include "Json.h"
+#include "ModelReading.h"
 #include "OutputFile.h"
 #include "SourceOpening.h"
 
@@ -13,6 +17,19 @@ namespace cli {
 /// help calls the output.
 void requireOutputForStandardInput(const SourceName& name, const Arguments& arguments,
                                    const std::string& argument);
+
+/// What a run has read and written, for people and for programs.
+struct RunSummary {
+    const OpenedSource& source;
+    const ReadModel& read;
+    const OutputFile& output;
+    std::chrono::steady_clock::duration time;
+
+    /// What was read, how much was written, how long it took: "2 tables and 5 columns; 5.8 kB in 0.01 s".
+    std::string figures() const;
+    /// A JSON object; `addOwn` adds what only one command has to say.
+    std::string data(const std::function<void(JsonWriter&)>& addOwn) const;
+};
 
 /// Tells what was written where: to standard output, unless that is the output's place or messages go to
 /// programs, which get `data` (a JSON object) too.

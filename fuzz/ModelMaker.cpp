@@ -380,8 +380,6 @@ void ModelMaker::makeDiagram() {
     for (std::size_t count = choices_.below(6); count > 0 && !elements_.empty(); --count) {
         diagram->addModelElement(any(elements_));
     }
-    // Diagrams are no elements; without this, choices of diagrams alone would never come to an end.
-    choices_.below(2);
 }
 
 /// References to keys and attributes that may stand behind what refers to them.

@@ -66,6 +66,7 @@ std::string exportModel(ZORModel& model, const std::map<std::string, std::string
     ZORFile::setSinkOpener([&](const ZORString&) { return std::make_unique<StringSink>(document); });
     SilentLog log;
     bridge.run("", model, options, log);
+    ZORFile::setSinkOpener({});
     return document;
 }
 

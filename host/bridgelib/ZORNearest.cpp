@@ -34,33 +34,60 @@ std::size_t editDistance(const std::string& a, const std::string& b) {
     return previous[b.size()];
 }
 
+std::string withoutBlanks(std::string text) {
+    std::erase(text, ' ');
+    return text;
+}
+
+/// How far the word is from the beginning of a longer name, blanks aside: "sqlserver" from "SQL Server 7.x".
+std::size_t distanceFromBeginning(const std::string& word, const std::string& name) {
+    const std::string wanted = withoutBlanks(word);
+    return editDistance(wanted, withoutBlanks(name).substr(0, wanted.size()));
+}
+
+bool isNear(std::size_t distance, std::size_t length) {
+    return distance <= std::max<std::size_t>(1, length / 3);
+}
+
+using Ranked = std::pair<std::size_t, std::string_view>;
+
+std::vector<std::string_view> firstOf(std::vector<Ranked>& ranked) {
+    constexpr std::size_t MOST = 3;
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const Ranked& a, const Ranked& b) { return a.first < b.first; });
+    std::vector<std::string_view> first;
+    for (std::size_t i = 0; i < std::min(MOST, ranked.size()); ++i) {
+        first.push_back(ranked[i].second);
+    }
+    return first;
+}
+
 }  // namespace
 
 std::vector<std::string_view> findNearest(std::string_view word,
                                           const std::vector<std::string_view>& candidates) {
-    constexpr std::size_t MOST = 3;
     // A word this long is no mistyped name, and comparing it would take its time.
     constexpr std::size_t LONGEST = 200;
     if (word.empty() || word.size() > LONGEST) {
         return {};
     }
     const std::string wanted = toLower(word);
-    std::vector<std::pair<std::size_t, std::string_view>> ranked;
+    std::vector<Ranked> whole;
+    std::vector<Ranked> beginnings;
     for (const std::string_view candidate : candidates) {
         const std::string name = toLower(candidate.substr(0, LONGEST));
         const std::size_t distance = editDistance(wanted, name);
         const bool contained = wanted.size() > 2 && name.find(wanted) != std::string::npos;
-        if (contained || distance <= std::max<std::size_t>(1, std::min(wanted.size(), name.size()) / 3)) {
-            ranked.emplace_back(distance, candidate);
+        if (contained || isNear(distance, std::min(wanted.size(), name.size()))) {
+            whole.emplace_back(distance, candidate);
+        } else if (wanted.size() > 3 && wanted.size() < name.size()) {
+            const std::size_t fromBeginning = distanceFromBeginning(wanted, name);
+            if (isNear(fromBeginning, wanted.size())) {
+                beginnings.emplace_back(fromBeginning, candidate);
+            }
         }
     }
-    std::stable_sort(ranked.begin(), ranked.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<std::string_view> nearest;
-    for (std::size_t i = 0; i < std::min(MOST, ranked.size()); ++i) {
-        nearest.push_back(ranked[i].second);
-    }
-    return nearest;
+    return firstOf(whole.empty() ? beginnings : whole);
 }
 
 std::string describeNearest(std::string_view word, const std::vector<std::string_view>& candidates) {

@@ -89,7 +89,7 @@ TEST_F(Commands, ExportChoosesTheTypesOfTheSourcesDatabase) {
                   exported({"m.model.json", "--view", "dbm", "--dbm-typeset", typeSet}));
         const Result result =
             run(scratch, {"export", "m.model.json", "m.xml", "--view", "dbm", "--overwrite"});
-        EXPECT_THAT(result.out, HasSubstr("types of " + typeSet + ": "));
+        EXPECT_THAT(result.out, HasSubstr("types of " + typeSet + ", from "));
     }
 }
 

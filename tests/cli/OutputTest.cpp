@@ -48,8 +48,9 @@ TEST_F(Output, GoesToTheFileNamedAndIsSummedUpInOneLine) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(
         result.out,
-        MatchesRegex("shop\\.sql -> out\\.xml: DBM view of \"shop\", types of SQL Server 7\\.x: 1 schema, 3 "
-                     "tables, 7 columns, .* in [0-9.]+ s\n"));
+        MatchesRegex(
+            "shop\\.sql -> out\\.xml: DBM view of \"shop\", types of SQL Server 7\\.x, from 1 schema, 3 "
+            "tables, 7 columns, .* in [0-9.]+ s\n"));
     expectDocument("out.xml");
     EXPECT_THAT(scratch.list(), ElementsAre("out.xml", "shop.sql"));
 }

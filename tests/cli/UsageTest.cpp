@@ -17,6 +17,10 @@ struct UsageCase {
     std::string message;
 };
 
+std::ostream& operator<<(std::ostream& out, const UsageCase& usage) {
+    return out << usage.name;
+}
+
 class WrongUse : public testing::TestWithParam<UsageCase> {};
 
 TEST_P(WrongUse, IsToldWithWhatToDo) {
@@ -227,14 +231,17 @@ INSTANTIATE_TEST_SUITE_P(
                       "hint: \"oimbridge options\" lists the names\n"},
         UsageCase{"SetOfAnUnknownOption",
                   {"export", "shop.sql", "--set", "DBM TypSet=None"},
-                  error("--set: There is no option \"DBM TypSet\". Did you mean \"DBM TypeSet\"?")},
+                  error("--set: There is no option \"DBM TypSet\". Did you mean \"DBM TypeSet\"?") +
+                      "hint: oimbridge options lists all options\n"},
         UsageCase{"SetToAnUnknownValue",
                   {"export", "shop.sql", "--set", "Model=dbm"},
                   error("--set: The option \"Model\" does not permit the value \"dbm\". Did you mean \"DBM\" "
-                        "or \"ERD and DBM\"?")},
+                        "or \"ERD and DBM\"?") +
+                      "hint: oimbridge options \"Model\" lists what it permits\n"},
         UsageCase{"SetToNothing",
                   {"export", "shop.sql", "--set", "Model="},
-                  error("--set: The option \"Model\" does not permit the value \"\".")},
+                  error("--set: The option \"Model\" does not permit the value \"\".") +
+                      "hint: oimbridge options \"Model\" lists what it permits\n"},
         UsageCase{"SetOfTheFile",
                   {"export", "shop.sql", "--set", "File=x.xml"},
                   error("--set: the option \"File\" is what OUT says") +
@@ -243,10 +250,12 @@ INSTANTIATE_TEST_SUITE_P(
             "TypeSetMistyped",
             {"export", "shop.sql", "--dbm-typeset", "Oracle 8"},
             error("--dbm-typeset: The option \"DBM TypeSet\" does not permit the value \"Oracle 8\". Did you "
-                  "mean \"Oracle 8.x\"?")},
+                  "mean \"Oracle 8.x\"?") +
+                "hint: oimbridge options \"DBM TypeSet\" lists what it permits\n"},
         UsageCase{"ErdTypeSetUnknown",
                   {"export", "shop.sql", "--erd-typeset", "fish"},
-                  error("--erd-typeset: The option \"ERD TypeSet\" does not permit the value \"fish\".")}),
+                  error("--erd-typeset: The option \"ERD TypeSet\" does not permit the value \"fish\".") +
+                      "hint: oimbridge options \"ERD TypeSet\" lists what it permits\n"}),
     [](const auto& usage) { return usage.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(Selection, WrongUse,

@@ -97,6 +97,15 @@ TEST(Nearest, PutsTheFewestChangesFirstAndAtMostThree) {
     EXPECT_THAT(findNearest("Custmer", names), ElementsAre("Customer"));
 }
 
+TEST(Nearest, AreLongerNamesThatBeginLikeTheWordWhenNoneIsNearAsAWhole) {
+    const std::vector<std::string_view> names = {"SQL Server 7.x", "Oracle 7.3", "Oracle 8.x", "Ora",
+                                                 "SQLBase 5.0"};
+    EXPECT_THAT(findNearest("sqlserver", names), ElementsAre("SQL Server 7.x"));
+    EXPECT_THAT(findNearest("Orcale", names), ElementsAre("Oracle 7.3", "Oracle 8.x"));
+    EXPECT_THAT(findNearest("Oracle 8x", names), ElementsAre("Oracle 8.x", "Oracle 7.3"));
+    EXPECT_THAT(findNearest("Postgres", names), IsEmpty());
+}
+
 TEST(Nearest, FindsPartsOfNames) {
     EXPECT_THAT(findNearest("erd", {"ERD TypeSet Name", "DBM TypeSet Name"}),
                 ElementsAre("ERD TypeSet Name"));

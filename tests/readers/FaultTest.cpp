@@ -85,10 +85,7 @@ constexpr std::string_view UML = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 class QuietContext : public readers::ReadContext {
   public:
-    void warn(const std::string& where, const std::string& text) override {
-        ++warnings;
-        std::fprintf(stderr, "W %s %s\n", where.c_str(), text.c_str());
-    }
+    void warn(const std::string& /*where*/, const std::string& /*text*/) override { ++warnings; }
     void progress(std::uint64_t /*objects*/) override {}
 
     int warnings = 0;
@@ -110,7 +107,7 @@ struct Attempt {
     int warnings = 0;
 };
 
-/// `fault` sets up what is to fail, `endOfFault` tells whether it has not failed.
+/// Calling `fault` sets up what is to fail; its `end` notes whether that was never reached.
 template <typename Fault>
 Attempt attempt(const readers::Reader& reader, const readers::Source& source, const Fault& fault) {
     QuietContext context;
