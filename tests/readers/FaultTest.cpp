@@ -12,6 +12,7 @@
 #include "FailingAllocator.h"
 #include "ModelDump.h"
 #include "Reader.h"
+#include "model_document/ModelDocumentWriter.h"
 
 namespace {
 
@@ -45,42 +46,6 @@ CREATE TABLE purchase (no INTEGER, customer INT REFERENCES customer ON DELETE CA
 CREATE INDEX by_customer ON purchase (customer, state DESC);
 CREATE VIEW paid AS SELECT p.no, c.name FROM purchase p JOIN customer c ON c.id = p.customer WHERE p.state = 'p';
 CREATE TRIGGER closed BEFORE DELETE ON purchase BEGIN SELECT 1; END;
-)";
-
-constexpr std::string_view DOCUMENT =
-    R"({ "format": "oim-source-model", "version": 1, "model": { "name": "Shop",
-  "types": [{ "id": "t", "kind": "concrete", "name": "int", "dataType": "SQL_INTEGER" }],
-  "children": [{ "kind": "package", "name": "p", "elements": [
-    { "kind": "class", "id": "c", "name": "C", "notes": ["a note"], "attributes": [{ "id": "a", "name": "a", "type": "t" }],
-      "keys": [{ "kind": "candidate", "id": "k", "name": "PK", "primary": true, "attributes": ["a"] }],
-      "operations": [{ "name": "o", "arguments": [{ "name": "x", "type": "t" }] }] },
-    { "kind": "class", "id": "d", "name": "D", "attributes": [{ "id": "b", "name": "a", "type": "t",
-      "roleNameMaps": [{ "foreignKey": "f", "references": "a" }] }],
-      "keys": [{ "kind": "foreign", "id": "f", "name": "FK", "references": "k", "attributes": ["b"] }] },
-    { "kind": "association", "name": "r", "roles": [{ "class": "c" }, { "class": "d", "foreignKey": "f" }] },
-    { "kind": "generalization", "parents": ["c"], "children": ["d"] } ] }] } })";
-
-constexpr std::string_view UML = R"(<?xml version="1.0" encoding="UTF-8"?>
-<xmi:XMI xmi:version="2.1" xmlns:xmi="http://schema.omg.org/spec/XMI/2.1" xmlns:uml="http://www.eclipse.org/uml2/3.0.0/UML">
-  <uml:Model xmi:id="m" name="Shop">
-    <packagedElement xmi:type="uml:PrimitiveType" xmi:id="t" name="int"/>
-    <packagedElement xmi:type="uml:Enumeration" xmi:id="e" name="State"><ownedLiteral xmi:id="l" name="open"/></packagedElement>
-    <packagedElement xmi:type="uml:Package" xmi:id="p" name="p">
-      <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
-        <ownedComment xmi:id="n"><body>a note</body></ownedComment>
-        <ownedAttribute xmi:id="a" name="a" type="t"/>
-        <ownedOperation xmi:id="o" name="o"><ownedParameter xmi:id="x" name="x" type="e"/></ownedOperation>
-      </packagedElement>
-      <packagedElement xmi:type="uml:Class" xmi:id="d" name="D">
-        <generalization xmi:id="g" general="c"/>
-        <ownedAttribute xmi:id="end" name="c" type="c" association="s"/>
-      </packagedElement>
-      <packagedElement xmi:type="uml:Association" xmi:id="s" name="r" memberEnd="end other">
-        <ownedEnd xmi:id="other" name="d" type="d" association="s"/>
-      </packagedElement>
-    </packagedElement>
-  </uml:Model>
-</xmi:XMI>
 )";
 
 class QuietContext : public readers::ReadContext {
@@ -150,8 +115,8 @@ struct StepFault {
 
 struct SourceRow {
     const char* reader;
-    std::string_view content;
-    bool isDatabase;
+    std::string_view content;  ///< SQL, or the name of an example
+    enum { DATABASE, TEXT, EXAMPLE } kind;
 };
 
 std::ostream& operator<<(std::ostream& out, const SourceRow& row) {
@@ -191,8 +156,11 @@ class Faults : public ::testing::TestWithParam<SourceRow> {
 
   private:
     readers::Source makeSource() {
-        if (!GetParam().isDatabase) {
+        if (GetParam().kind == SourceRow::TEXT) {
             return readers::Source::fromText("source", std::string(GetParam().content));
+        }
+        if (GetParam().kind == SourceRow::EXAMPLE) {
+            return readers::Source::fromFile(EXAMPLES_FOLDER "/" + std::string(GetParam().content));
         }
         path_ = std::filesystem::temp_directory_path() / ("faults-" + std::to_string(::getpid()) + ".sqlite");
         std::filesystem::remove(path_);
@@ -215,6 +183,33 @@ TEST_P(Faults, OfAnyAllocationAreTold) {
     EXPECT_GT(readWithEachFailing<AllocationFault>(), 20);
 }
 
+TEST(SavingFaults, OfAnyAllocationAreToldAndLeaveTheModelAsItWas) {
+    QuietContext context;
+    const readers::Source source = readers::Source::fromFile(EXAMPLES_FOLDER "/everything.model.json");
+    const std::unique_ptr<ZORModel> model = readerNamed("json").read(source, {}, context);
+    const std::string before = support::dumpModel(*model);
+    std::string whole;
+    readers::writeModelDocument(*model, [&](std::string_view portion) { whole += portion; });
+    long n = 0;
+    for (bool unreached = false; !unreached && !HasFailure();) {
+        std::string saved;
+        saved.reserve(whole.size());
+        const long blocks = support::blocksInUse();
+        bool isTold = false;
+        support::failAllocation(++n);
+        try {
+            readers::writeModelDocument(*model, [&](std::string_view portion) { saved += portion; });
+        } catch (const std::bad_alloc&) {
+            isTold = true;
+        }
+        unreached = support::endOfAllocationFailure();
+        EXPECT_LE(support::blocksInUse(), blocks) << "memory is left behind at " << n;
+        EXPECT_TRUE(isTold || saved == whole) << "nothing was said at " << n;
+    }
+    EXPECT_GT(n, 20);
+    EXPECT_EQ(support::dumpModel(*model), before);
+}
+
 class SqliteFaults : public Faults {};
 
 TEST_P(SqliteFaults, OfAnyStepAreTold) {
@@ -225,10 +220,10 @@ std::string nameOf(const ::testing::TestParamInfo<SourceRow>& row) {
     return row.param.reader;
 }
 
-constexpr SourceRow DATABASE{"sqlite", SCRIPT, true};
-constexpr SourceRow SQL_SCRIPT{"sql", SCRIPT, false};
-constexpr SourceRow MODEL_DOCUMENT{"json", DOCUMENT, false};
-constexpr SourceRow UML_MODEL{"xmi", UML, false};
+constexpr SourceRow DATABASE{"sqlite", SCRIPT, SourceRow::DATABASE};
+constexpr SourceRow SQL_SCRIPT{"sql", SCRIPT, SourceRow::TEXT};
+constexpr SourceRow MODEL_DOCUMENT{"json", "everything.model.json", SourceRow::EXAMPLE};
+constexpr SourceRow UML_MODEL{"xmi", "rental.uml", SourceRow::EXAMPLE};
 
 INSTANTIATE_TEST_SUITE_P(Source, Faults, ::testing::Values(DATABASE, SQL_SCRIPT, MODEL_DOCUMENT, UML_MODEL),
                          nameOf);
