@@ -104,7 +104,6 @@ Script::Script(std::string text, Monitor& monitor)
       monitor_(monitor),
       connection_({":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY, nullptr}, monitor) {
     assertText();
-    warnUnlessUtf8();
     connection_.run("PRAGMA temp_store=MEMORY");  // no files, and counted with the rest
     // Dumps make the tables behind virtual tables themselves.
     sqlite3_db_config(connection_.handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
@@ -116,6 +115,7 @@ Script::Script(std::string text, Monitor& monitor)
     sqlite3_set_authorizer(connection_.handle(), nullptr, nullptr);
     connection_.allowSteps(0);
     reportTemporaryObjects();
+    warnUnlessUtf8();  // only now: what is no script at all has a fault that says more
 }
 
 Script::Kind Script::kindOf(const Token& firstWord) noexcept {
