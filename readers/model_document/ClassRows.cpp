@@ -86,7 +86,7 @@ std::vector<Field> attributeFields() {
 std::vector<Field> roleNameMapFields() {
     Field references = reference<&ZORAssociationRoleNameMap::setReferencedAttribute,
                                  &ZORAssociationRoleNameMap::getReferencedAttribute>(
-        "references", ANY_ATTRIBUTE, "The attribute of the referenced key; null leaves it open.");
+        "references", ANY_ATTRIBUTE, "The attribute of the referenced key; null leaves it to the name.");
     references.nullable = true;
     return {
         reference<&ZORAssociationRoleNameMap::setForeignKey, &ZORAssociationRoleNameMap::getForeignKey>(

@@ -115,17 +115,24 @@ void CatalogReader::readSchema() {
 }
 
 void CatalogReader::removeShadowTables() {
-    std::unordered_map<std::string, std::string> modules;
+    struct Virtual {
+        std::string name;
+        std::string module;
+    };
+    std::unordered_map<std::string, Virtual> virtualTables;
     for (const TableFacts& table : catalog_.tables) {
         if (table.isVirtual) {
-            modules[foldCase(table.name)] = parseVirtualTableDefinition(table.sql).module;
+            virtualTables[foldCase(table.name)] = {table.name, parseVirtualTableDefinition(table.sql).module};
         }
     }
     std::erase_if(catalog_.tables, [&](const TableFacts& table) {
-        const std::string name = foldCase(table.name);
-        const auto virtualTable = modules.find(name.substr(0, name.rfind('_')));
-        return !table.isVirtual && virtualTable != modules.end() &&
-               isShadowTable(name, virtualTable->first, virtualTable->second);
+        const auto found = virtualTables.find(foldCase(table.name.substr(0, table.name.rfind('_'))));
+        const bool isShadow = !table.isVirtual && found != virtualTables.end() &&
+                              isShadowTable(table.name, found->second.name, found->second.module);
+        if (isShadow) {
+            catalog_.shadows.push_back({table.name, found->second.name});
+        }
+        return isShadow;
     });
 }
 

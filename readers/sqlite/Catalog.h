@@ -74,8 +74,15 @@ struct TriggerFacts {
     std::string sql;
 };
 
+/// A table in which the module of a virtual table keeps that table's data.
+struct ShadowFacts {
+    std::string name;
+    std::string virtualTable;
+};
+
 struct Catalog {
     std::vector<TableFacts> tables;  ///< without SQLite's own, and without those behind virtual tables
+    std::vector<ShadowFacts> shadows;
     std::vector<ViewFacts> views;
     std::vector<TriggerFacts> triggers;
 };

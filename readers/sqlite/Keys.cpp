@@ -96,6 +96,18 @@ bool hasUsualCollation(const TableModel& table, const IndexMember& member, const
     return equalIgnoringCase(member.collation, hasOwn ? std::string_view(declared->collation) : "BINARY");
 }
 
+bool hasColumns(const TableModel& table, const IndexFacts& index) {
+    return std::any_of(index.members.begin(), index.members.end(),
+                       [&](const IndexMember& member) { return table.attribute(member.column) != nullptr; });
+}
+
+void reportIndexOfExpressions(Build& build, const IndexFacts& facts) {
+    const IndexDefinition definition = parseIndexDefinition(facts.sql);
+    const std::string condition = definition.condition.empty() ? "" : " WHERE " + definition.condition;
+    build.losses.add("indexes on expressions alone", placeOf(facts.name),
+                     toLine(join(definition.members, ", ") + condition) + (facts.unique ? " (unique)" : ""));
+}
+
 void addIndexMembers(Build& build, const TableModel& table, const IndexFacts& facts, ZORIndex& index) {
     const IndexDefinition definition = parseIndexDefinition(facts.sql);
     const std::string place = placeOf(facts.name);
@@ -104,7 +116,8 @@ void addIndexMembers(Build& build, const TableModel& table, const IndexFacts& fa
         const std::string text = i < definition.members.size() ? definition.members[i] : std::string();
         ZORAttribute* column = table.attribute(member.column);
         if (column == nullptr) {
-            build.losses.add("index expressions", place, toLine(text));
+            build.losses.add("index expressions", place,
+                             toLine(text) + (facts.unique ? " (not unique without it)" : ""));
             continue;
         }
         auto added = std::make_unique<ZORIndexMember>();
@@ -125,13 +138,47 @@ void addIndexMembers(Build& build, const TableModel& table, const IndexFacts& fa
 /// An index that cannot be shown whole makes nothing unique that is shown, and one of nothing but expressions
 /// cannot be shown at all.
 void addIndex(Build& build, const TableModel& table, const IndexFacts& facts) {
+    if (!hasColumns(table, facts)) {
+        reportIndexOfExpressions(build, facts);
+        return;
+    }
     auto index = std::make_unique<ZORIndex>();
     index->setName(ZORString(facts.name));
     index->setUnique(facts.unique && facts.isPlain());
     index->setKey(findBackedKey(table, facts));
     addIndexMembers(build, table, facts, *index);
-    if (!index->getIndexMembers().isEmpty()) {
-        table.cls->addIndex(std::move(index));
+    table.cls->addIndex(std::move(index));
+}
+
+/// The columns of a key in the order in which an export writes them: that of the index that backs the key,
+/// else that of the table.
+Columns writtenOrderOf(const ZORClass& cls, const ZORCandidateKey& key) {
+    Columns columns;
+    if (const ZORIndex* index = cls.getIndexOfKey(&key)) {
+        for (const ZORIndexMember* member : index->getIndexMembers()) {
+            columns.push_back(member->getAttribute());
+        }
+    } else {
+        columns.assign(key.getAttributes().begin(), key.getAttributes().end());
+        std::stable_sort(columns.begin(), columns.end(), [](const ZORAttribute* a, const ZORAttribute* b) {
+            return a->getPosition() < b->getPosition();
+        });
+    }
+    return columns;
+}
+
+void reportKeyOrders(Build& build, const TableModel& table) {
+    for (const ZORKey* key : table.cls->getKeys()) {
+        if (key->getElementType() != ZOR_CANDIDATE_KEY) {
+            continue;
+        }
+        const Columns declared(key->getAttributes().begin(), key->getAttributes().end());
+        const Columns written = writtenOrderOf(*table.cls, *static_cast<const ZORCandidateKey*>(key));
+        if (!std::equal(declared.begin(), declared.end(), written.begin(), written.end())) {
+            build.losses.add("orders of key columns",
+                             placeOf(table.facts->name, std::string(key->getName().view())),
+                             toLine(join(namesOf(declared), ", ")));
+        }
     }
 }
 
@@ -194,6 +241,7 @@ void addIndexes(Build& build) {
                 build.monitor.advance();
             }
         }
+        reportKeyOrders(build, table);
     }
 }
 

@@ -23,6 +23,7 @@ class TableLosses {
             return;
         }
         reportOptions();
+        reportSizes();
         reportColumns();
         reportKeys();
         reportReferences();
@@ -36,6 +37,14 @@ class TableLosses {
         }
         if (definition_.withoutRowid) {
             add("table options", {}, "WITHOUT ROWID");
+        }
+    }
+
+    void reportSizes() {
+        for (const ColumnFacts& column : table_.columns) {
+            if (!sizeOf(column.type).whole) {
+                add("sizes of data types", column.name, column.type);
+            }
         }
     }
 

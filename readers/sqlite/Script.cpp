@@ -5,6 +5,7 @@
 
 #include "Definitions.h"
 #include "ScriptDialect.h"
+#include "Utf8.h"
 #include "ViewNesting.h"
 
 namespace readers::sqlite {
@@ -114,6 +115,7 @@ Script::Script(std::string text, Monitor& monitor)
     sqlite3_set_authorizer(connection_.handle(), nullptr, nullptr);
     connection_.allowSteps(0);
     reportTemporaryObjects();
+    warnUnlessUtf8();  // only now: what is no script at all has a fault that says more
 }
 
 Script::Kind Script::kindOf(const Token& firstWord) noexcept {
@@ -179,6 +181,24 @@ void Script::assertText() {
     if (nul != std::string_view::npos) {
         refuse(text_.c_str() + nul, "there is a NUL character; this is no text", {});
     }
+}
+
+/// A script in an encoding of single bytes is read all the same: only its names suffer.
+void Script::warnUnlessUtf8() const {
+    if (isUtf8(text_)) {
+        return;
+    }
+    const std::string_view text = text_;
+    std::size_t line = 0;
+    std::size_t end = text.find('\n');
+    while (end != std::string_view::npos && isUtf8(text.substr(line, end - line))) {
+        line = end + 1;
+        end = text.find('\n', line);
+    }
+    monitor_.context().warn(
+        "line " + std::to_string(lineOf(text_.c_str() + line)),
+        "this is not UTF-8, and names may be garbled; if the script is in another encoding, "
+        "save it as UTF-8, for example with: iconv -f ISO-8859-1 -t UTF-8");
 }
 
 void Script::run() {

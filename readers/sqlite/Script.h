@@ -31,6 +31,7 @@ class Script {
     int decide(int action, std::string_view first, std::string_view second) noexcept;
 
     void assertText();
+    void warnUnlessUtf8() const;
     void run();
     /// Gives the position behind the statement.
     const char* runStatement(const char* begin);

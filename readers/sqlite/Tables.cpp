@@ -67,6 +67,15 @@ void addColumns(Build& build, TableModel& table) {
     }
 }
 
+void reportShadowTables(Build& build) {
+    for (const ShadowFacts& shadow : build.catalog.shadows) {
+        if (build.matcher.wantsTable(MAIN_SCHEMA, shadow.name)) {
+            build.losses.add("shadow tables of virtual tables", placeOf(shadow.name),
+                             "holds the data of " + shadow.virtualTable);
+        }
+    }
+}
+
 }  // namespace
 
 Build::Build(const Connection& theConnection, const Catalog& theCatalog, const ReadRequest& theRequest,
@@ -148,6 +157,7 @@ void addTables(Build& build) {
         reportTableLosses(build, build.tables.back());
         build.monitor.advance(1 + facts.columns.size());
     }
+    reportShadowTables(build);
 }
 
 }  // namespace readers::sqlite

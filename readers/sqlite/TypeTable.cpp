@@ -22,12 +22,16 @@ std::string_view withoutSize(std::string_view declared) {
     return declared.substr(0, declared.find('('));
 }
 
-/// The number's whole part; 0 for what is no length of anything.
-std::int32_t numberAt(std::string_view text) {
+/// The whole part of the number that the text is, up to a comma or parenthesis; 0 for what is no length of
+/// anything. Sets `whole` to false where the text is another number, or none.
+std::int32_t numberAt(std::string_view text, bool& whole) {
     std::int32_t number = 0;
+    text = text.substr(0, text.find_first_of(",)"));
     text.remove_prefix(text.starts_with('+') ? 1 : 0);
     const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    return result.ec == std::errc() && number > 0 ? number : 0;
+    const bool isKept = result.ec == std::errc() && number >= 0;
+    whole = whole && isKept && result.ptr == text.data() + text.size();
+    return isKept ? number : 0;
 }
 
 }  // namespace
@@ -56,8 +60,8 @@ TypeSize sizeOf(std::string_view declared) {
     if (opening != std::string_view::npos) {
         const std::string_view numbers = declared.substr(opening + 1);
         const std::size_t comma = numbers.find(',');
-        size.length = numberAt(numbers);
-        size.scale = comma == std::string_view::npos ? 0 : numberAt(numbers.substr(comma + 1));
+        size.length = numberAt(numbers, size.whole);
+        size.scale = comma == std::string_view::npos ? 0 : numberAt(numbers.substr(comma + 1), size.whole);
     }
     return size;
 }

@@ -44,6 +44,7 @@ std::string_view affinityOf(std::string_view declared);
 struct TypeSize {
     std::int32_t length = 0;
     std::int32_t scale = 0;
+    bool whole = true;  ///< false when the declaration says more of them than these numbers do
 };
 TypeSize sizeOf(std::string_view declared);
 

@@ -77,7 +77,7 @@ class ValueListParser {
             add(std::string(token.text), 0);
             return true;
         }
-        return token.is("NULL");
+        return false;
     }
 
     /// SQLite takes a name in double quotes for a text where there is no such column.

@@ -21,7 +21,8 @@ struct ValueList {
 };
 
 /// The values that an expression permits to a column of the table; nothing for an expression of any other
-/// form. NULL in the list is no value: whether a column may be null is told by the column itself.
+/// form. Nor for a list with NULL in it: no value makes such a CHECK false, for it is NULL where the value is
+/// not in the list, so that it permits everything.
 std::optional<ValueList> parseValueList(std::string_view expression, const TableDefinition& table);
 
 /// The checks of a table that give its columns their values: of each column the first.

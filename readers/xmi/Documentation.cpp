@@ -173,6 +173,17 @@ std::vector<NodeIndex> Documentation::subjectsOf(Element about, Name property) c
     return subjects;
 }
 
+/// Looked up once: many comments may be about one constraint, which may have many references.
+const std::vector<NodeIndex>& Documentation::constrainedBy(Element constraint) {
+    const auto [entry, isNew] = constrained_.try_emplace(constraint.index());
+    if (isNew) {
+        entry->second = subjectsOf(constraint, "constrainedElement"_n);
+        std::erase_if(entry->second,
+                      [&](NodeIndex node) { return assembly_.tree.at(node).is("Constraint"_n); });
+    }
+    return entry->second;
+}
+
 void Documentation::readComment(Element comment) {
     std::string text = expressionText(assembly_, comment);
     const std::string_view name = comment.text("name"_n);
@@ -187,10 +198,8 @@ void Documentation::annotate(NodeIndex element, const std::string& text) {
     assembly_.spend(text.size());
     const Element subject = assembly_.tree.at(element);
     if (subject.is("Constraint"_n) && assembly_.objects[element] == nullptr) {
-        for (const NodeIndex constrained : subjectsOf(subject, "constrainedElement"_n)) {
-            if (!assembly_.tree.at(constrained).is("Constraint"_n)) {
-                annotate(constrained, text);
-            }
+        for (const NodeIndex constrained : constrainedBy(subject)) {
+            annotate(constrained, text);
         }
         return;
     }

@@ -35,11 +35,15 @@ class Documentation {
     void constrainOperation(ZOROperation& operation, Element constraint, const std::string& text);
     /// What a comment or constraint is about: what it refers to, what refers to it, else what it stands in.
     std::vector<NodeIndex> subjectsOf(Element about, Name property) const;
+    /// What a constraint is about, other constraints excepted.
+    const std::vector<NodeIndex>& constrainedBy(Element constraint);
 
     Assembly& assembly_;
     Texts texts_;
     /// Of comments and constraints: the elements that refer to them.
     std::unordered_map<NodeIndex, std::vector<NodeIndex>> backReferences_;
+    /// Of constraints that comments are about: see constrainedBy.
+    std::unordered_map<NodeIndex, std::vector<NodeIndex>> constrained_;
     /// Of constraints: the property by which an operation refers to them.
     std::unordered_map<NodeIndex, Name> conditions_;
 };

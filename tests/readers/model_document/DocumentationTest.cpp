@@ -3,11 +3,15 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <fstream>
 #include <set>
 #include <sstream>
 
+#include "CollectingLog.h"
 #include "DocumentationText.h"
 #include "Documents.h"
+#include "ZORManager.h"
 
 namespace {
 
@@ -19,6 +23,7 @@ using readers::document::Field;
 using readers::document::Kind;
 using readers::document::kindsOf;
 using readers::document::Shape;
+using testing::ContainsRegex;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
 using testing::UnorderedElementsAreArray;
@@ -82,6 +87,30 @@ TEST(ModelDocumentPage, NamesAllKindsWhereTheyAreChosen) {
 TEST(ModelDocumentPage, ShowsADocumentThatIsRead) {
     const auto model = documents::read(codeBlock(projectFile(PAGE), "json"));
     EXPECT_EQ(model->getName(), "Garden");
+}
+
+/// What the bridge writes of a model in a view.
+std::string exportView(ZORModel& model, const std::string& view) {
+    const std::string path = testing::TempDir() + "model_document_page.xml";
+    const ZORBridge bridge = ZORBridgeManager(PLUGIN_FOLDER).load("MicrosoftSqlServerMdsMdcExport");
+    ZOROptionList options;
+    bridge.getOptionList(options);
+    options.setValue("File", path.c_str());
+    options.setValue("Model", view.c_str());
+    support::CollectingLog log;
+    bridge.run(model, options, log);
+    std::ostringstream document;
+    document << std::ifstream(path).rdbuf();
+    std::remove(path.c_str());
+    return document.str();
+}
+
+TEST(ModelDocumentPage, ShowsADocumentWhoseRelationshipIsInEveryView) {
+    const auto model = documents::read(codeBlock(projectFile(PAGE), "json"));
+    EXPECT_THAT(exportView(*model, "UML"), ContainsRegex("<uml:Association [^>]*name=\"grows in\""));
+    EXPECT_THAT(exportView(*model, "ERD"), ContainsRegex("<erd:Relationship [^>]*name=\"grows in\""));
+    EXPECT_THAT(exportView(*model, "DBM"), ContainsRegex("<dbm:ForeignKey [^>]*name=\"FK_PLANT_BED\""));
+    EXPECT_THAT(exportView(*model, "DBM"), HasSubstr("<dbm:ReferentialConstraint"));
 }
 
 TEST(ModelDocumentPage, ShowsAMessageAsItIs) {

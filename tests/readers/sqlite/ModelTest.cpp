@@ -50,14 +50,17 @@ table m
   c INT null
 )"},
     {"ColumnsAreOptionalUnlessNotNullOrOfThePrimaryKey",
-     "CREATE TABLE t(a INT, b INT NOT NULL, c TEXT, d TEXT, PRIMARY KEY (d, c))", R"(
+     "CREATE TABLE t(a INT, b INT NOT NULL, c TEXT, d TEXT, PRIMARY KEY (d, c))",
+     R"(
 table t
   a INT null
   b INT
   c TEXT
   d TEXT
   primary t_pk (d, c)
-)"},
+)",
+     {},
+     {"orders of key columns: main.t.t_pk: d, c"}},
     {"DefaultsStayAsWrittenInSql",
      "CREATE TABLE t(a TEXT DEFAULT 'it''s', b INT DEFAULT -1, c DATE DEFAULT CURRENT_DATE, d INT DEFAULT (1 "
      "+ 2),"
@@ -108,7 +111,50 @@ table old
 )",
      {},
      {"virtual-table modules: main.docs: fts5(title, body)",
-      "virtual-table modules: main.box: rtree(id, x0, x1)", "virtual-table modules: main.old: fts4(a)"}},
+      "virtual-table modules: main.box: rtree(id, x0, x1)", "virtual-table modules: main.old: fts4(a)",
+      "shadow tables of virtual tables: main.docs_data: holds the data of docs",
+      "shadow tables of virtual tables: main.docs_idx: holds the data of docs",
+      "shadow tables of virtual tables: main.docs_content: holds the data of docs",
+      "shadow tables of virtual tables: main.docs_docsize: holds the data of docs",
+      "shadow tables of virtual tables: main.docs_config: holds the data of docs",
+      "shadow tables of virtual tables: main.box_rowid: holds the data of box",
+      "shadow tables of virtual tables: main.box_node: holds the data of box",
+      "shadow tables of virtual tables: main.box_parent: holds the data of box",
+      "shadow tables of virtual tables: main.old_content: holds the data of old",
+      "shadow tables of virtual tables: main.old_segments: holds the data of old",
+      "shadow tables of virtual tables: main.old_segdir: holds the data of old",
+      "shadow tables of virtual tables: main.old_docsize: holds the data of old",
+      "shadow tables of virtual tables: main.old_stat: holds the data of old"}},
+    {"TablesNamedLikeShadowsOfAnotherModuleAreTables",
+     "CREATE TABLE box_segdir(a INT); CREATE VIRTUAL TABLE Box USING rtree(id, x0, x1);",
+     R"(
+table box_segdir
+  a INT null
+table Box
+  id INT null
+  x0 REAL null
+  x1 REAL null
+)",
+     {},
+     {"virtual-table modules: main.Box: rtree(id, x0, x1)",
+      "shadow tables of virtual tables: main.Box_rowid: holds the data of Box",
+      "shadow tables of virtual tables: main.Box_node: holds the data of Box",
+      "shadow tables of virtual tables: main.Box_parent: holds the data of Box"}},
+    {"SizesThatDoNotFitAreLost",
+     "CREATE TABLE t(a VARCHAR(99999999999), b DECIMAL(10,-2), c DECIMAL(2.5), d VARCHAR(2147483647), e "
+     "DECIMAL(+08, 0), f \"TEXT(x)\")",
+     R"(
+table t
+  a VARCHAR(99999999999) null
+  b DECIMAL(10,-2) null
+  c DECIMAL(2.5) null
+  d VARCHAR(2147483647) null
+  e DECIMAL(+08,0) null
+  f TEXT(x) null
+)",
+     {},
+     {"sizes of data types: main.t.a: VARCHAR(99999999999)", "sizes of data types: main.t.b: DECIMAL(10,-2)",
+      "sizes of data types: main.t.c: DECIMAL(2.5)", "sizes of data types: main.t.f: TEXT(x)"}},
     {"TableOptionsAreLost",
      "CREATE TABLE t(a TEXT PRIMARY KEY, b ANY) STRICT, WITHOUT ROWID",
      R"(
@@ -160,7 +206,9 @@ table t
   unique c only (c)
   unique t_c_b_uk (c, b)
   unique d b (d, b)
-)"},
+)",
+     {},
+     {"orders of key columns: main.t.t_c_b_uk: c, b", "orders of key columns: main.t.d b: d, b"}},
     {"NamesThatWereMadeUpAreNeverTakenTwice",
      "CREATE TABLE t(a INT PRIMARY KEY, b INT, CONSTRAINT t_b_uk UNIQUE (a, b), UNIQUE (b));"
      " CREATE TABLE t_b(a INT CONSTRAINT t_pk PRIMARY KEY)",
@@ -191,7 +239,7 @@ table t
   unique t_b_uk (b)
 )",
      {},
-     {"table options: main.t: WITHOUT ROWID"}},
+     {"table options: main.t: WITHOUT ROWID", "orders of key columns: main.t.t_pk: b, a"}},
     {"IndexesHaveTheirMembersInOrder",
      "CREATE TABLE t(a INT, b INT, c TEXT); CREATE INDEX z ON t(b DESC, a); CREATE UNIQUE INDEX y ON t(c "
      "ASC, a)",
@@ -244,8 +292,48 @@ table t
      {},
      {"collations: main.t.b: NOCASE", "index expressions: main.e: lower(b)",
       "partial-index conditions: main.p: b IS NULL (unique among these rows only)",
-      "index expressions: main.only: a + 1", "collations: main.c: b COLLATE RTRIM DESC",
-      "index expressions: main.ue: b || 'x'"}},
+      "indexes on expressions alone: main.only: a + 1", "collations: main.c: b COLLATE RTRIM DESC",
+      "index expressions: main.ue: b || 'x' (not unique without it)"}},
+    {"IndexesOnExpressionsAloneAreLostWithAllTheySay",
+     "CREATE TABLE t(a INT, b TEXT); CREATE UNIQUE INDEX u ON t(lower(b) COLLATE RTRIM DESC, abs(a)) WHERE a "
+     "> 0",
+     R"(
+table t
+  a INT null
+  b TEXT null
+)",
+     {},
+     {"indexes on expressions alone: main.u: lower(b) COLLATE RTRIM DESC, abs(a) WHERE a > 0 (unique)"}},
+    {"OrdersOfKeyColumnsOtherThanTheTablesAreLost",
+     "CREATE TABLE t(a INT, b INT, c INT, CONSTRAINT pk PRIMARY KEY (c, a), UNIQUE (a, b), UNIQUE (b, a, c))",
+     R"(
+table t
+  a INT
+  b INT null
+  c INT
+  primary pk (c, a)
+  unique t_a_b_uk (a, b)
+  unique t_b_a_c_uk (b, a, c)
+)",
+     {},
+     {"orders of key columns: main.t.pk: c, a", "orders of key columns: main.t.t_b_a_c_uk: b, a, c"}},
+    {"TheIndexOfAKeyTellsItsOrder",
+     "CREATE TABLE t(a INT, b INT, PRIMARY KEY (b, a)); CREATE UNIQUE INDEX of_t ON t(b, a);"
+     "CREATE TABLE u(a INT, b INT, PRIMARY KEY (a, b)); CREATE UNIQUE INDEX of_u ON u(b, a)",
+     R"(
+table t
+  a INT
+  b INT
+  primary t_pk (b, a)
+  unique index of_t (b, a) backs t_pk
+table u
+  a INT
+  b INT
+  primary u_pk (a, b)
+  unique index of_u (b, a) backs u_pk
+)",
+     {},
+     {"orders of key columns: main.u.u_pk: a, b"}},
 };
 INSTANTIATE_TEST_SUITE_P(Keys, SqliteModel, testing::ValuesIn(KEYS), nameOf);
 
@@ -338,7 +426,9 @@ table child
 relationship swapped: Parent 1, child 0..*, delete no action, update no action
 relationship child_x_y_fk: Parent 1, child 0..*, delete no action, update no action
 relationship cb: Parent 0..1, child 0..*, delete no action, update no action
-)"},
+)",
+     {},
+     {"orders of key columns: main.Parent.Parent_C_B_uk: C, B"}},
     {"ATableMayReferToItselfAndToLaterOnes",
      "CREATE TABLE a(id INTEGER PRIMARY KEY, up INT REFERENCES a, b INT REFERENCES b(id));"
      "CREATE TABLE b(id INTEGER PRIMARY KEY, a INT REFERENCES a)",
@@ -419,6 +509,11 @@ view v: SELECT a FROM p
       "main.c: the reference of i to f is left out: a virtual table has no keys",
       "main.c: the reference of a, b to two is left out: its columns there are not unique"},
      {"virtual-table modules: main.f: fts5(x)",
+      "shadow tables of virtual tables: main.f_data: holds the data of f",
+      "shadow tables of virtual tables: main.f_idx: holds the data of f",
+      "shadow tables of virtual tables: main.f_content: holds the data of f",
+      "shadow tables of virtual tables: main.f_docsize: holds the data of f",
+      "shadow tables of virtual tables: main.f_config: holds the data of f",
       "partial-index conditions: main.part: b > 0 (unique among these rows only)"}},
     {"DeferralAndMatchAreLost",
      "CREATE TABLE p(id INTEGER PRIMARY KEY); CREATE TABLE c(a INT REFERENCES p MATCH FULL DEFERRABLE "

@@ -187,6 +187,19 @@ TEST(Script, ThatIsNoTextIsAnError) {
         "CANNOT_READ: it is UTF-16 text [save it as UTF-8, for example with: iconv -f UTF-16 -t UTF-8]");
 }
 
+TEST(Script, ThatIsNotUtf8IsReadWithAWarning) {
+    const support::Reading latin =
+        support::readScript("-- für\nCREATE TABLE t(\n  gr\xF6\xDF INT,\n  b\xE9 INT)");
+    EXPECT_EQ(latin.model->getChildPackages().size(), 2U);
+    EXPECT_EQ(support::describe(*latin.model), "table t\n  gr\xF6\xDF INT null\n  b\xE9 INT null\n");
+    EXPECT_THAT(latin.context.warnings,
+                testing::ElementsAre(
+                    "line 3: this is not UTF-8, and names may be garbled; if the script is in another "
+                    "encoding, save it as UTF-8, for example with: iconv -f ISO-8859-1 -t UTF-8"));
+    const support::Reading utf8 = support::readScript("CREATE TABLE t(größe INT) -- für alle \U0001F642");
+    EXPECT_THAT(utf8.context.warnings, testing::IsEmpty());
+}
+
 TEST(Script, DoesNotRunWithoutEnd) {
     EXPECT_EQ(support::errorOfScript("\nCREATE TABLE t AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT "
                                      "i FROM n) SELECT i FROM n WHERE i > 1"),

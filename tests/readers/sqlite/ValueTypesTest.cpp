@@ -69,7 +69,6 @@ const CheckCase TAKEN[] = {
      "a TEXT CHECK /* one */ (a -- of\n IN\n('x' /* or */, 'y'))",
      {"TEXT", "t_a (TEXT: x|y)"}},
     {"InNeedlessParentheses", "a TEXT CHECK (((a IN ('x'))))", {"TEXT", "t_a (TEXT: x)"}},
-    {"WithNullWhichIsNoValue", "a TEXT CHECK (a IN ('x', NULL, 'y'))", {"TEXT", "t_a (TEXT: x|y)"}},
     {"WithSignedNumbers",
      "a REAL CHECK (a IN (-1, +2, - 3.5, 1e-3))",
      {"REAL", "t_a (REAL: -1|2|-3.5|1e-3)"}},
@@ -88,6 +87,10 @@ const CheckCase TAKEN[] = {
      "a INT CHECK (a IN (1, 2)) CHECK (a IN (2, 3))",
      {"INT", "t_a (INT: 1|2)"},
      {"CHECK expressions: main.t.a: a IN (2, 3)"}},
+    {"BesideOneWithNull",
+     "a INT CHECK (a IN (1, NULL)) CHECK (a IN (1, 2))",
+     {"INT", "t_a (INT: 1|2)"},
+     {"CHECK expressions: main.t.a: a IN (1, NULL)"}},
     {"BesideOneOfAnotherForm",
      "a INT CHECK (a > 0) CHECK (a IN (1, 2))",
      {"INT", "t_a (INT: 1|2)"},
@@ -122,6 +125,7 @@ const CheckCase LEFT_ALONE[] = {
     leftAlone("AFunctionInTheList", "a TEXT CHECK (a IN (abs(1)))", ".a: a IN (abs(1))"),
     leftAlone("TheDateInTheList", "a TEXT CHECK (a IN (CURRENT_DATE))", ".a: a IN (CURRENT_DATE)"),
     leftAlone("AnEmptyList", "a TEXT CHECK (a IN ())", ".a: a IN ()"),
+    leftAlone("NullAmongTheValues", "a TEXT CHECK (a IN ('x', NULL, 'y'))", ".a: a IN ('x', NULL, 'y')"),
     leftAlone("NothingButNull", "a TEXT CHECK (a IN (NULL))", ".a: a IN (NULL)"),
 };
 INSTANTIATE_TEST_SUITE_P(LeftAlone, SqliteCheck, testing::ValuesIn(LEFT_ALONE), nameOf);

@@ -209,6 +209,25 @@ model m
       note {positive}
       note Why it is so.
 )"_lines},
+    {"AllCommentsAboutAConstraintGoToAllThatItConstrains",
+     eclipse(cls("A") + cls("B") +
+             R"(<ownedRule xmi:id="_r" name="positive" constrainedElement="_A _s _B _nowhere _B"/>
+        <ownedRule xmi:id="_s" name="small" constrainedElement="_A"/>)" +
+             comment("_r", "Why it is so.") + comment("_r", "Since when.")),
+     R"(
+model m
+  package m
+    class A
+      note {positive}
+      note {positive}
+      note {small}
+      note Why it is so.
+      note Since when.
+    class B
+      note {positive}
+      note Why it is so.
+      note Since when.
+)"_lines},
 };
 
 INSTANTIATE_TEST_SUITE_P(Comments, XmiDocumentation, testing::ValuesIn(COMMENTS), caseName);

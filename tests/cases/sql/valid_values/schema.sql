@@ -4,5 +4,6 @@ CREATE TABLE parcel (
     class   DECIMAL(3,1) CHECK ("class" IN (1, 2.5, -1)),
     note    VARCHAR(10) CHECK (note <> ''),
     size    TEXT,
-    CHECK ([size] IN ('S', 'M', NULL))
+    box     TEXT CHECK (box IN ('flat', NULL)),
+    CHECK ([size] IN ('S', 'M'))
 );

@@ -2,7 +2,7 @@
 
 #include <simdjson.h>
 
-namespace readers::document {
+namespace readers {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::string toWellFormed(std::string_view text) {
     return result;
 }
 
-}  // namespace readers::document
+}  // namespace readers
