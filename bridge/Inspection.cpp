@@ -70,6 +70,7 @@ const char* describePart(ZORElementType owner, MDCSubjectArea area) {
             return area == UML ? "its association \"{0}\" is left out"
                                : "its relationship \"{0}\" is left out";
         default:
+            // For kinds of objects that a model does not have yet.
             return "what it belongs to is left out";
     }
 }
@@ -248,6 +249,7 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
                 : type == ZOR_ALIAS_TYPE ? "columns are written with the type that it stands for"
                                          : "no column in the view has it"};
     }
+    // For kinds of objects that a model does not have yet.
     return {"it has no place in the view"};
 }
 

@@ -49,6 +49,7 @@ ZORString readOutputPath(const ZOROptionList& options) {
             return option->getValue();
         }
     }
+    // A host that drops the option gets the message that the file cannot be opened.
     return {};
 }
 

@@ -57,6 +57,7 @@ void Bridge::PreprocessOperation::replaceByAssociations(ZORGeneralization* gener
     ZORClass* supertype = generalization->getParents()[0];
     const ZORVector<ZORClass*>& subtypes = generalization->getChildren();
     if (subtypes.isEmpty()) {
+        // The check of the model refuses it; a host that does without the check still learns the reason.
         leaveOut(generalization, "it has no subtype");
     }
     for (std::size_t i = subtypes.size(); i > 0; --i) {

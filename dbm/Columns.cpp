@@ -60,6 +60,7 @@ void Bridge::printDBMTypeSize(ZORType* type) {
             writeUnlessZero("TimePrecision"_z, type->getLength());
             break;
         default:
+            // There is no other category.
             break;
     }
 }

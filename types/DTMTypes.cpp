@@ -23,6 +23,7 @@ const DTMTypeHashtable::Member& DTMTypeHashtable::addType(const DTMTypeMap* row,
     return *member.release();
 }
 
+/// The host's table asks its members' kind for it; this one only ever looks up rows.
 int DTMTypeHashtable::compare2Object(const void* object1, const void* object2) const {
     return compare2Key(object1, rowOf(object2));
 }

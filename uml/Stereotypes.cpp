@@ -18,6 +18,7 @@ void StereotypeHashtable::freeAll() noexcept {
     clear();
 }
 
+/// The host's table asks its members' kind for it; this one only ever looks up keys.
 int StereotypeHashtable::compare2Object(const void* object1, const void* object2) const {
     const Key key = keyOf(object2);
     return compare2Key(object1, &key);
