@@ -24,15 +24,6 @@ std::string join(std::string_view prefix, std::string_view name) {
     return prefix.empty() ? std::string(name) : std::string(prefix).append(":").append(name);
 }
 
-bool continuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-int countCharacters(std::string_view text) {
-    return static_cast<int>(
-        text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), continuesCharacter)));
-}
-
 bool equalsIgnoringCase(std::string_view text, std::string_view small) {
     return std::equal(text.begin(), text.end(), small.begin(), small.end(),
                       [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b); });
@@ -43,17 +34,6 @@ bool isBlank(std::string_view text) {
 }
 
 }  // namespace
-
-std::string quoted(std::string_view text) {
-    std::size_t end = 60;
-    if (text.size() <= end) {
-        return "\"" + std::string(text) + "\"";
-    }
-    while (continuesCharacter(text[end])) {
-        --end;
-    }
-    return "\"" + std::string(text.substr(0, end)) + "...\"";
-}
 
 DocumentCheck::Parser::Parser(Receiver receiver, std::uint64_t most)
     : receiver_(std::move(receiver)), most_(most) {
@@ -144,6 +124,7 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
                                     const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
                                     int attributeCount, int /*defaultedCount*/, const xmlChar** attributes) {
     self(context).guard([&](Parser& parser) {
+        parser.startOfTag_.reset();
         parser.checkPrefix(view(prefix), uri != nullptr);
         std::vector<Attribute>& list = parser.attributes_;
         list.clear();
@@ -223,44 +204,6 @@ void DocumentCheck::Parser::checkEncoding() {
     }
     if (!rootSeen_) {
         tell(Finding::Severity::ERROR, {1, 1}, "there is no element");
-    }
-}
-
-Identifiers::Place DocumentCheck::Parser::place() const {
-    return {xmlSAX2GetLineNumber(context_), xmlSAX2GetColumnNumber(context_)};
-}
-
-/// Where the tag that is being reported begins; the parser itself stands at its end.
-Identifiers::Place DocumentCheck::Parser::startOfTag() const {
-    const xmlParserInput& input = *context_->input;
-    const auto* const base = reinterpret_cast<const char*>(input.base);
-    const auto* const end = reinterpret_cast<const char*>(input.cur);
-    const char* start = end;
-    int line = input.line;
-    while (start > base && *start != '<') {
-        line -= *--start == '\n' ? 1 : 0;
-    }
-    const auto charactersFrom = [&](const char* from, const char* to) {
-        return countCharacters({from, static_cast<std::size_t>(to - from)});
-    };
-    if (line == input.line) {
-        return {line, input.col - charactersFrom(start, end)};
-    }
-    const char* lineStart = start;
-    while (lineStart > base && lineStart[-1] != '\n') {
-        --lineStart;
-    }
-    return {line, charactersFrom(lineStart, start) + 1};
-}
-
-void DocumentCheck::Parser::tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                 std::string_view explanation) {
-    const bool isError = severity == Finding::Severity::ERROR;
-    std::uint64_t& count = isError ? summary_.errors : summary_.notes;
-    ++count;
-    if (!isError || count <= most_) {
-        receiver_({severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text),
-                   std::string(explanation)});
     }
 }
 

@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,12 +57,25 @@ class DocumentCheck::Parser {
     std::size_t unread() const;
     void push();
     void checkEncoding();
+    void stop();
+
+    // What is told, and where (ParserFindings.cpp)
     Identifiers::Place place() const;
-    Identifiers::Place startOfTag() const;
+    /// Where the tag that is being reported begins; the parser itself stands at its end.
+    const Identifiers::Place& startOfTag();
+    Identifiers::Place findStartOfTag() const;
     void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
               std::string_view explanation = {});
-    void error(std::string text) { tell(Finding::Severity::ERROR, startOfTag(), std::move(text)); }
-    void stop();
+    /// An error of the tag that is being reported. One tag may have very many: once enough were told, neither
+    /// their place nor their text is made.
+    template <typename MakeText>
+    void error(const MakeText& makeText) {
+        if (summary_.errors >= most_) {
+            ++summary_.errors;
+        } else {
+            tell(Finding::Severity::ERROR, startOfTag(), makeText());
+        }
+    }
 
     // What the grammar has to do with it (ElementChecks.cpp)
     void start(std::string_view name, const std::vector<Attribute>& attributes);
@@ -85,6 +99,7 @@ class DocumentCheck::Parser {
     std::vector<Attribute> attributes_;  // of the element that starts; kept for its memory
     xmlSAXHandler handler_{};
     xmlParserCtxtPtr context_ = nullptr;
+    std::optional<Identifiers::Place> startOfTag_;  // once it was asked for
     bool stopped_ = false;
     bool rootSeen_ = false;
     std::exception_ptr failure_;

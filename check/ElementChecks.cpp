@@ -16,7 +16,7 @@ constexpr std::uint16_t NOWHERE = 0xfffd;
 void DocumentCheck::Parser::start(std::string_view name, const std::vector<Attribute>& attributes) {
     ++summary_.elements;
     if (open_.size() >= DEEPEST_NESTING) {
-        error("elements are nested deeper than " + std::to_string(DEEPEST_NESTING));
+        error([&] { return "elements are nested deeper than " + std::to_string(DEEPEST_NESTING); });
         stop();
         return;
     }
@@ -73,7 +73,7 @@ void DocumentCheck::Parser::checkPrefix(std::string_view prefix, bool isDeclared
     if (undeclaredPrefixes_.size() < MOST) {
         undeclaredPrefixes_.emplace_back(prefix);
     }
-    error("the prefix " + quoted(prefix) + " is used without a namespace");
+    error([&] { return "the prefix " + quoted(prefix) + " is used without a namespace"; });
 }
 
 void DocumentCheck::Parser::checkRequired(std::string_view name, std::uint16_t tag,
@@ -82,7 +82,7 @@ void DocumentCheck::Parser::checkRequired(std::string_view name, std::uint16_t t
         if (rule.isRequired &&
             std::none_of(attributes.begin(), attributes.end(),
                          [&](const Attribute& given) { return given.name == rule.name; })) {
-            error("the element " + quoted(name) + " has no attribute " + quoted(rule.name));
+            error([&] { return "the element " + quoted(name) + " has no attribute " + quoted(rule.name); });
         }
     }
 }
@@ -96,28 +96,31 @@ void DocumentCheck::Parser::checkSequence(const ElementRule& parent, std::uint16
         return;
     }
     if (place < reached) {
-        error("a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name));
+        error(
+            [&] { return "a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name); });
     } else if (place > reached) {
-        error("the element " + quoted(grammar_[tag].name) + " stands where " +
-              quoted(grammar_[sequence[reached]].name) + " is expected");
+        error([&] {
+            return "the element " + quoted(grammar_[tag].name) + " stands where " +
+                   quoted(grammar_[sequence[reached]].name) + " is expected";
+        });
     }
     reached = std::max(reached, static_cast<std::uint16_t>(place + 1));
 }
 
 void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag, bool isLink) {
     if (tag == OTHER) {
-        error("unknown element " + quoted(name));
+        error([&] { return "unknown element " + quoted(name); });
         return;
     }
     if (open_.empty()) {
         if (grammar_[tag].name != "oim:Transfer") {
-            error("the root is " + quoted(name) + " where \"oim:Transfer\" is expected");
+            error([&] { return "the root is " + quoted(name) + " where \"oim:Transfer\" is expected"; });
         }
         rootSeen_ = true;
         return;
     }
     if (open_.back().isLink) {
-        error("a reference holds the element " + quoted(name) + "; references are empty");
+        error([&] { return "a reference holds the element " + quoted(name) + "; references are empty"; });
         return;
     }
     if (open_.back().tag == OTHER) {
@@ -129,8 +132,10 @@ void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag,
         checkSequence(parent, tag);
     }
     if (std::find(permitted.begin(), permitted.end(), tag) == permitted.end()) {
-        error((isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
-              quoted(parent.name));
+        error([&] {
+            return (isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
+                   quoted(parent.name);
+        });
     }
 }
 
@@ -140,19 +145,19 @@ void DocumentCheck::Parser::checkIdentifier(std::string_view name, std::uint16_t
     const bool takesId = kind == ElementKind::OBJECT || kind == ElementKind::NUMBERED_ASSOCIATION;
     if (!isPresent) {
         if (takesId && tag != OTHER) {
-            error("the object " + quoted(name) + " has no oim:id");
+            error([&] { return "the object " + quoted(name) + " has no oim:id"; });
         }
         return;
     }
     ++summary_.objects;
     if (!takesId) {
-        error("the element " + quoted(name) + " is no object and has an oim:id");
+        error([&] { return "the element " + quoted(name) + " is no object and has an oim:id"; });
     }
     const int number = Identifiers::parse(id, "_");
     if (number == 0) {
-        error("the identifier " + quoted(id) + " is not of the form \"_N\"");
+        error([&] { return "the identifier " + quoted(id) + " is not of the form \"_N\""; });
     } else if (!identifiers_.give(number, tag)) {
-        error("the identifier " + quoted(id) + " was given before");
+        error([&] { return "the identifier " + quoted(id) + " was given before"; });
     }
 }
 
@@ -160,7 +165,9 @@ void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t 
     ++summary_.references;
     const int number = Identifiers::parse(href, "#_");
     if (number == 0) {
-        error("the reference " + quoted(href) + " of " + quoted(name) + " is not of the form \"#_N\"");
+        error([&] {
+            return "the reference " + quoted(href) + " of " + quoted(name) + " is not of the form \"#_N\"";
+        });
     } else if (tag != OTHER) {
         identifiers_.refer({number, tag, open_.empty() ? OTHER : open_.back().tag, startOfTag()});
     }
@@ -170,10 +177,12 @@ void DocumentCheck::Parser::checkAttribute(std::string_view element, std::uint16
                                            std::string_view value) {
     const AttributeRule* rule = grammar_[tag].findAttribute(name);
     if (rule == nullptr) {
-        error("unknown attribute " + quoted(name) + " of " + quoted(element));
+        error([&] { return "unknown attribute " + quoted(name) + " of " + quoted(element); });
     } else if (!rule->permits(value)) {
-        error("the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
-              " where " + rule->describe() + " is expected");
+        error([&] {
+            return "the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
+                   " where " + rule->describe() + " is expected";
+        });
     }
 }
 

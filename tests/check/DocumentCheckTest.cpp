@@ -365,6 +365,21 @@ TEST(DocumentCheck, TellsNoMoreThanAskedForAndCountsTheRest) {
     EXPECT_EQ(result.summary.errors, 50U);
 }
 
+TEST(DocumentCheck, TellsOfVeryManyErrorsOfOneTagWhereItBegins) {
+    constexpr int COUNT = 20'000;
+    std::string tag = "<uml:Model oim:id=\"_2\"";
+    for (int i = 0; i < COUNT; ++i) {
+        tag += (i % 100 == 0 ? "\n a" : " a") + std::to_string(i) + "=\"\"";
+    }
+    const std::string document = frame("\n  " + tag + "/>");
+    for (const std::uint64_t most : {100, 100'000}) {
+        const Result result = check(document, 1 << 20, most);
+        EXPECT_EQ(result.summary.errors, std::uint64_t{COUNT});
+        EXPECT_EQ(result.findings.size(), std::min<std::uint64_t>(most, COUNT));
+        EXPECT_THAT(result.findings, testing::Each(testing::StartsWith("error 7:3 unknown attribute \"a")));
+    }
+}
+
 TEST(DocumentCheck, TellsAllNotesHoweverFewErrorsAreAskedFor) {
     EXPECT_EQ(check(frame(LOOSE_ENDS), 1 << 20, 0).findings.size(), 2U);
 }
