@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DocumentParser.h"
+#include "StrayErrors.h"
 
 namespace oimcheck {
 namespace {
@@ -81,9 +82,19 @@ std::size_t DocumentCheck::Parser::unread() const {
 /// libxml2 looks through all that waits whenever something comes: what comes is held back until it is as much
 /// again, so that a very long value does not take the square of its length.
 void DocumentCheck::Parser::push() {
-    xmlParseChunk(context_, held_.data(), static_cast<int>(held_.size()), 0);
+    parse(held_, false);
     held_.clear();
+}
+
+void DocumentCheck::Parser::parse(std::string_view bytes, bool isEnd) {
+    {
+        const StrayErrors strayErrors(onStrayError, this);
+        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
+    }
     rethrow();
+    if (!stopped_ && context_->disableSAX != 0) {
+        tellLast(place(), "not well-formed: the parser gave up");
+    }
 }
 
 Summary DocumentCheck::Parser::finish() {
@@ -91,8 +102,7 @@ Summary DocumentCheck::Parser::finish() {
         push();
     }
     if (!stopped_) {
-        xmlParseChunk(context_, nullptr, 0, 1);
-        rethrow();
+        parse({}, true);
     }
     if (!stopped_) {
         checkEncoding();
@@ -163,8 +173,8 @@ void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int lengt
 void DocumentCheck::Parser::onDocumentType(void* context, const xmlChar* /*name*/,
                                            const xmlChar* /*publicId*/, const xmlChar* /*systemId*/) {
     self(context).guard([](Parser& parser) {
-        parser.tell(
-            Finding::Severity::ERROR, parser.place(),
+        parser.tellLast(
+            parser.place(),
             "a document type declaration, which is not read: documents name their DTDs as namespaces");
         parser.stop();
     });
@@ -172,35 +182,78 @@ void DocumentCheck::Parser::onDocumentType(void* context, const xmlChar* /*name*
 
 void DocumentCheck::Parser::onError(void* context, xmlErrorPtr error) {
     self(context).guard([&](Parser& parser) {
-        if (error->level == XML_ERR_WARNING || error->domain == XML_FROM_NAMESPACE) {
-            return;
+        parser.takeError(*error);
+        if (parser.stopped_) {
+            parser.stop();
         }
-        if (error->code == XML_ERR_NO_MEMORY) {
-            throw std::bad_alloc();
-        }
-        std::string text = error->message == nullptr ? "unknown error" : error->message;
-        if (error->code == XML_ERR_DOCUMENT_END && !parser.open_.empty()) {
-            text = "the document ends before its elements do";
-        } else if (parser.summary_.bytes == 0) {
-            text = "there is nothing in the document";
-        } else if (error->code == XML_ERR_DOCUMENT_EMPTY) {
-            text = "this is no XML";
-        }
-        while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
-            text.pop_back();
-        }
-        parser.tell(Finding::Severity::ERROR, {error->line, error->int2}, "not well-formed: " + text);
-        parser.stop();
     });
+}
+
+/// Here libxml2 is in the middle of its own input, which stopping the parser would take from it.
+void DocumentCheck::Parser::onStrayError(void* context, xmlErrorPtr error) {
+    Parser& parser = self(context);
+    if (parser.stopped_) {
+        return;
+    }
+    try {
+        parser.takeError(*error);
+    } catch (...) {
+        parser.failure_ = std::current_exception();
+        parser.stopped_ = true;
+    }
+}
+
+void DocumentCheck::Parser::takeError(const xmlError& error) {
+    if (error.level == XML_ERR_WARNING || error.domain == XML_FROM_NAMESPACE) {
+        return;
+    }
+    if (error.code == XML_ERR_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    Identifiers::Place at = place();
+    if (error.line > 0) {
+        at = {error.line, error.int2};
+    }
+    tellLast(at, "not well-formed: " + describe(error));
+}
+
+std::string DocumentCheck::Parser::describe(const xmlError& error) const {
+    if (error.code == XML_ERR_DOCUMENT_END && !open_.empty()) {
+        return "the document ends before its elements do";
+    }
+    if (summary_.bytes == 0) {
+        return "there is nothing in the document";
+    }
+    if (error.code == XML_ERR_DOCUMENT_EMPTY) {
+        return "this is no XML";
+    }
+    if (error.domain == XML_FROM_I18N || error.code == XML_IO_ENCODER) {
+        // The bytes are converted ahead of being read.
+        return "behind this place there are bytes that are no text in the document's encoding, which is " +
+               encodingName();
+    }
+    std::string text = error.message == nullptr ? "unknown error" : error.message;
+    while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+bool DocumentCheck::Parser::isWide() const {
+    return start_ == "\xFE\xFF" || start_ == "\xFF\xFE" || start_ == std::string("<\0", 2) ||
+           start_ == std::string("\0<", 2) || start_ == std::string("\0\0", 2);
+}
+
+/// The encoding as messages name it.
+std::string DocumentCheck::Parser::encodingName() const {
+    const std::string_view encoding = view(context_->encoding);
+    return isWide() ? "UTF-16 or UTF-32" : encoding.empty() ? "UTF-8" : quoted(encoding);
 }
 
 void DocumentCheck::Parser::checkEncoding() {
     const std::string_view encoding = view(context_->encoding);
-    const bool isWide = start_ == "\xFE\xFF" || start_ == "\xFF\xFE" || start_ == std::string("<\0", 2) ||
-                        start_ == std::string("\0<", 2) || start_ == std::string("\0\0", 2);
-    if (isWide || (!encoding.empty() && !equalsIgnoringCase(encoding, "utf-8"))) {
-        tell(Finding::Severity::ERROR, {1, 1},
-             "the document is in " + (isWide ? "UTF-16 or UTF-32" : quoted(encoding)) + ", not in UTF-8");
+    if (isWide() || (!encoding.empty() && !equalsIgnoringCase(encoding, "utf-8"))) {
+        tellInAnyCase({1, 1}, "the document is in " + encodingName() + ", not in UTF-8");
     }
     if (!rootSeen_) {
         tell(Finding::Severity::ERROR, {1, 1}, "there is no element");

@@ -48,6 +48,7 @@ class DocumentCheck::Parser {
     static void onDocumentType(void* context, const xmlChar* name, const xmlChar* publicId,
                                const xmlChar* systemId);
     static void onError(void* context, xmlErrorPtr error);
+    static void onStrayError(void* context, xmlErrorPtr error);
 
     // What libxml2 tells (DocumentCheck.cpp)
     /// Does the work of a callback, unless parsing was stopped. No exception may pass libxml2: it waits here.
@@ -56,6 +57,11 @@ class DocumentCheck::Parser {
     void rethrow();
     std::size_t unread() const;
     void push();
+    void parse(std::string_view bytes, bool isEnd);
+    void takeError(const xmlError& error);
+    std::string describe(const xmlError& error) const;
+    bool isWide() const;
+    std::string encodingName() const;
     void checkEncoding();
     void stop();
 
@@ -66,6 +72,13 @@ class DocumentCheck::Parser {
     Identifiers::Place findStartOfTag() const;
     void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
               std::string_view explanation = {});
+    void deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
+                 std::string_view explanation) const;
+    /// An error that is delivered however many came before it.
+    void tellInAnyCase(Identifiers::Place at, std::string text);
+    /// The error that ends the check: it is delivered in any case, and nothing is taken from the parser after
+    /// it.
+    void tellLast(Identifiers::Place at, std::string text);
     /// An error of the tag that is being reported. One tag may have very many: once enough were told, neither
     /// their place nor their text is made.
     template <typename MakeText>

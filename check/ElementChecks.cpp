@@ -16,7 +16,7 @@ constexpr std::uint16_t NOWHERE = 0xfffd;
 void DocumentCheck::Parser::start(std::string_view name, const std::vector<Attribute>& attributes) {
     ++summary_.elements;
     if (open_.size() >= DEEPEST_NESTING) {
-        error([&] { return "elements are nested deeper than " + std::to_string(DEEPEST_NESTING); });
+        tellLast(startOfTag(), "elements are nested deeper than " + std::to_string(DEEPEST_NESTING));
         stop();
         return;
     }

@@ -69,9 +69,24 @@ void DocumentCheck::Parser::tell(Finding::Severity severity, Identifiers::Place 
     std::uint64_t& count = isError ? summary_.errors : summary_.notes;
     ++count;
     if (!isError || count <= most_) {
-        receiver_({severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text),
-                   std::string(explanation)});
+        deliver(severity, at, std::move(text), explanation);
     }
+}
+
+void DocumentCheck::Parser::tellLast(Identifiers::Place at, std::string text) {
+    stopped_ = true;
+    tellInAnyCase(at, std::move(text));
+}
+
+void DocumentCheck::Parser::tellInAnyCase(Identifiers::Place at, std::string text) {
+    ++summary_.errors;
+    deliver(Finding::Severity::ERROR, at, std::move(text), {});
+}
+
+void DocumentCheck::Parser::deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
+                                    std::string_view explanation) const {
+    receiver_(
+        {severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text), std::string(explanation)});
 }
 
 }  // namespace oimcheck

@@ -330,6 +330,36 @@ TEST(DocumentCheck, TellsTheLineOfBytesThatAreNotUtf8) {
     EXPECT_THAT(result.findings.front(), testing::StartsWith("error 6:"));
 }
 
+TEST(DocumentCheck, TellsAnotherEncodingHoweverManyErrorsCameBefore) {
+    const Result result = check("<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n" + ROOT + HEADER +
+                                    SUBSYSTEM + "<a/><b/><c/></oim:Transfer>",
+                                1 << 20, 1);
+    EXPECT_THAT(result.findings, ElementsAre("error 5:1 unknown element \"a\"",
+                                             "error 1:1 the document is in \"ISO-8859-1\", not in UTF-8"));
+    EXPECT_EQ(result.summary.errors, 4U);
+}
+
+TEST(DocumentCheck, TellsBytesThatAreNoTextInAnotherEncodingAndPrintsNothing) {
+    const std::string start = "<?xml version=\"1.0\" encoding=\"EUC-JP\"?>\n" + ROOT;
+    std::string wide = widened(ROOT);
+    wide += std::string("\x00\xD8\x41\x00", 4);  // half of a pair, and an A
+    wide += widened(HEADER).substr(2);
+    testing::internal::CaptureStderr();
+    const Result japanese =
+        check(start + "<!-- \xA4\xFF\xFF\xFF -->" + HEADER + SUBSYSTEM + "</oim:Transfer>");
+    const Result japaneseInPieces =
+        check(start + HEADER + "<!-- \xA4\xFF\xFF\xFF -->" + SUBSYSTEM + "</oim:Transfer>", 16);
+    const Result halfPair = check(wide);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    for (const Result* result : {&japanese, &japaneseInPieces}) {
+        EXPECT_THAT(
+            result->findings,
+            ElementsAre(HasSubstr("not well-formed: behind this place there are bytes that are no text in "
+                                  "the document's encoding, which is \"EUC-JP\"")));
+    }
+    EXPECT_THAT(halfPair.findings, ElementsAre(HasSubstr("which is UTF-16 or UTF-32")));
+}
+
 TEST(DocumentCheck, RefusesDocumentTypesSoThatNoEntityIsExpanded) {
     const Result result = check(
         "<!DOCTYPE oim:Transfer [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;\">]>\n"
@@ -342,8 +372,8 @@ TEST(DocumentCheck, RefusesNestingWithoutEndInBoundedMemory) {
     for (int i = 0; i < 20'000; ++i) {
         document += "<uml:NamespaceOwnedElement>";
     }
-    const Result result = check(document, 1 << 20, 1'000'000);
-    EXPECT_THAT(result.findings.back(), HasSubstr("elements are nested deeper than 10000"));
+    EXPECT_THAT(check(document, 1 << 20, 3).findings.back(),
+                HasSubstr("elements are nested deeper than 10000"));
 }
 
 TEST(DocumentCheck, FindsTheSameInAnyPortions) {
@@ -379,6 +409,34 @@ TEST(DocumentCheck, TellsOfVeryManyErrorsOfOneTagWhereItBegins) {
         EXPECT_THAT(result.findings, testing::Each(testing::StartsWith("error 7:3 unknown attribute \"a")));
     }
 }
+
+struct LastError {
+    const char* description;
+    const char* content;
+    const char* expected;
+};
+
+class DocumentCheckEnds : public testing::TestWithParam<LastError> {};
+
+TEST_P(DocumentCheckEnds, WithTheErrorThatEndsItHoweverManyCameBefore) {
+    std::string before;
+    for (int i = 0; i < 5; ++i) {
+        before += "<uml:Clas/>";
+    }
+    const Result result = check(frame(before + GetParam().content + "<uml:Clas/>"), 1 << 20, 2);
+    ASSERT_EQ(result.findings.size(), 3U);
+    EXPECT_EQ(textOf(result.findings.back()), GetParam().expected);
+    EXPECT_EQ(result.summary.errors, 6U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, DocumentCheckEnds,
+    testing::Values(
+        LastError{"another tag at the end", "</b>",
+                  "not well-formed: Opening and ending tag mismatch: NamespaceOwnedElement line 5 and b"},
+        LastError{"an entity of nowhere", "<uml:Clas a=\"&foo;\"/>",
+                  "not well-formed: Entity 'foo' not defined"}),
+    [](const auto& row) { return wordOf(row.param.description); });
 
 TEST(DocumentCheck, TellsAllNotesHoweverFewErrorsAreAskedFor) {
     EXPECT_EQ(check(frame(LOOSE_ENDS), 1 << 20, 0).findings.size(), 2U);

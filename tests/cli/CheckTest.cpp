@@ -126,6 +126,31 @@ TEST_F(Check, ListsAHundredErrorsUnlessItIsVerbose) {
     EXPECT_EQ(std::count(verbose.err.begin(), verbose.err.end(), '\n'), 150);
 }
 
+TEST_F(Check, ListsTheErrorThatEndsItBehindAHundredOthers) {
+    std::string content;
+    for (int i = 0; i < 150; ++i) {
+        content += "<uml:Packet oim:id=\"_" + std::to_string(i + 2) + "\"/>\n";
+    }
+    scratch.write("bad.xml", documentWith(content + "<uml:Package"));
+    const Result result = run(scratch, {"check", "bad.xml"});
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 103);
+    EXPECT_THAT(result.err, HasSubstr("\noimbridge: error: bad.xml: line 159, column 13: not well-formed: "));
+    EXPECT_THAT(result.err, EndsWith("bad.xml: 50 more errors are not listed\nhint: --verbose lists them\n"));
+    EXPECT_THAT(result.out, StartsWith("bad.xml: 151 errors in "));
+}
+
+TEST_F(Check, TellsProgramsOfBytesThatAreNoTextInTheEncoding) {
+    std::string document = documentWith("<!-- \xA4\xFF\xFF\xFF -->\n");
+    document.replace(document.find("UTF-8"), 5, "EUC-JP");
+    const Result result = run(
+        scratch, Setting{.arguments = {"check", "-", "--log-format", "json"}, .input = std::move(document)});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err, StartsWith("{\"level\":\"error\",\"subject\":\"standard input\""));
+    EXPECT_THAT(result.err,
+                HasSubstr("bytes that are no text in the document's encoding, which is \\\"EUC-JP\\\""));
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2);
+}
+
 struct InputCase {
     const char* name;
     std::string input;
