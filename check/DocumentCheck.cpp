@@ -135,6 +135,10 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
                                     int attributeCount, int /*defaultedCount*/, const xmlChar** attributes) {
     self(context).guard([&](Parser& parser) {
         parser.startOfTag_.reset();
+        const std::string tag = join(view(prefix), view(name));
+        if (!parser.checkRoot(tag)) {
+            return;
+        }
         parser.checkPrefix(view(prefix), uri != nullptr);
         std::vector<Attribute>& list = parser.attributes_;
         list.clear();
@@ -148,7 +152,7 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
             parser.checkPrefix(view(attributes[1]), attributes[2] != nullptr);
             list.push_back({join(view(attributes[1]), view(attributes[0])), {value, length}});
         }
-        parser.start(join(view(prefix), view(name)), list);
+        parser.start(tag, list);
     });
 }
 

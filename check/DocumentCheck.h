@@ -45,7 +45,7 @@ class DocumentCheck {
     DocumentCheck& operator=(const DocumentCheck&) = delete;
 
     /// The next bytes of the document. False when the rest need not be read, because an error ended the
-    /// check: the document is not well-formed or too deep, or has a document type.
+    /// check: the document is not well-formed, no OIM document, too deep, or has a document type.
     bool feed(const char* bytes, std::size_t count);
     /// To be called once, after the last bytes.
     Summary finish();

@@ -91,14 +91,18 @@ class DocumentCheck::Parser {
     }
 
     // What the grammar has to do with it (ElementChecks.cpp)
+    /// False when it is the root, and not that of an OIM document.
+    bool checkRoot(std::string_view name);
     void start(std::string_view name, const std::vector<Attribute>& attributes);
     void end();
     void checkPrefix(std::string_view prefix, bool isDeclared);
+    void checkObject(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
     void checkRequired(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
     void checkSequence(const ElementRule& parent, std::uint16_t tag);
     void checkPlace(std::string_view name, std::uint16_t tag, bool isLink);
     void checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id, bool isPresent);
-    void checkReference(std::string_view name, std::uint16_t tag, std::string_view href);
+    void checkReference(std::string_view name, std::uint16_t tag, const Attribute& href,
+                        const std::vector<Attribute>& attributes);
     void checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
                         std::string_view value);
     void tellLooseReferences();

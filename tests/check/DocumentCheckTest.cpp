@@ -109,6 +109,16 @@ INSTANTIATE_TEST_SUITE_P(
                     "<uml:ClassifierFeature/></uml:Class></uml:DependencySupplier></uml:Dependency>"
                     "<uml:Class oim:id=\"_3\"/>",
                     "a reference holds the element \"uml:ClassifierFeature\"; references are empty"},
+        BadDocument{
+            "reference with an attribute",
+            "<uml:Dependency oim:id=\"_2\"><uml:DependencySupplier><uml:Class oim:href=\"#_3\" "
+            "name=\"c\"/></uml:DependencySupplier></uml:Dependency><uml:Class oim:id=\"_3\"/>",
+            "a reference to \"uml:Class\" has the attribute \"name\"; references have \"oim:href\" alone"},
+        BadDocument{"reference with an identifier, which it does not give",
+                    "<uml:Dependency oim:id=\"_2\"><uml:DependencySupplier><uml:Class oim:id=\"_3\" "
+                    "oim:href=\"#_3\"/></uml:DependencySupplier></uml:Dependency><uml:Class oim:id=\"_3\"/>",
+                    "a reference to \"uml:Class\" has the attribute \"oim:id\"; references have \"oim:href\" "
+                    "alone"},
         BadDocument{"object without identifier", "<uml:Model/>", "the object \"uml:Model\" has no oim:id"},
         BadDocument{"association with identifier",
                     "<erd:Model oim:id=\"_2\"><erd:ModelEntities oim:id=\"_3\"/></erd:Model>",
@@ -213,6 +223,12 @@ INSTANTIATE_TEST_SUITE_P(
                        "to \"dbm:LogicalTable\""}),
     [](const auto& row) { return wordOf(row.param.description); });
 
+TEST(DocumentCheck, LeavesOutAnUnknownElementThatALooseReferenceStandsIn) {
+    const Result result = check(frame("<uml:Clas oim:id=\"_2\"><uml:Class oim:href=\"#_9\"/></uml:Clas>"));
+    EXPECT_THAT(result.findings, ElementsAre("error 6:1 unknown element \"uml:Clas\"",
+                                             "error 6:23 the reference to _9 leads nowhere"));
+}
+
 TEST(DocumentCheck, TellsWhereTheTagOfAFaultBegins) {
     EXPECT_THAT(check(frame("<uml:Model oim:id=\"_2\"/>\n  <uml:Clas oim:id=\"_3\"/>")).findings,
                 ElementsAre("error 7:3 unknown element \"uml:Clas\""));
@@ -302,9 +318,19 @@ INSTANTIATE_TEST_SUITE_P(
                  {"error 4:16 the element \"oim:Transfer\" ends without \"uml:Subsystem\""}},
         BadFrame{"another root",
                  DECLARATION + "<uml:Model xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\" name=\"m\"/>",
-                 {"error 2:1 unknown attribute \"xmlns:uml\" of \"uml:Model\"",
-                  "error 2:1 the root is \"uml:Model\" where \"oim:Transfer\" is expected",
-                  "error 2:1 the object \"uml:Model\" has no oim:id"}},
+                 {"error 2:1 this is no OIM document: the root is \"uml:Model\" where \"oim:Transfer\" is "
+                  "expected"}},
+        BadFrame{
+            "a reference for a root",
+            "<oim:Transfer oim:href=\"#_1\" xmlns:oim=\"http://www.mdcinfo.com/oim/oim.dtd\"/>",
+            {"error 1:1 the root is a reference",
+             "error 1:1 a reference to \"oim:Transfer\" has the attribute \"xmlns:oim\"; references have "
+             "\"oim:href\" alone",
+             "error 1:1 the reference to _1 leads nowhere"}},
+        BadFrame{"a document of something else",
+                 "<xmi:XMI version=\"2\">\n<packagedElement/><packagedElement/></xmi:XMI>",
+                 {"error 1:1 this is no OIM document: the root is \"xmi:XMI\" where \"oim:Transfer\" is "
+                  "expected"}},
         BadFrame{"another encoding",
                  "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" ?>\n" + ROOT + HEADER + SUBSYSTEM +
                      "</oim:Transfer>",
@@ -368,7 +394,7 @@ TEST(DocumentCheck, RefusesDocumentTypesSoThatNoEntityIsExpanded) {
 }
 
 TEST(DocumentCheck, RefusesNestingWithoutEndInBoundedMemory) {
-    std::string document;
+    std::string document = ROOT;
     for (int i = 0; i < 20'000; ++i) {
         document += "<uml:NamespaceOwnedElement>";
     }
