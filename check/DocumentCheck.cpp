@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DocumentParser.h"
+#include "StrayErrors.h"
 
 namespace oimcheck {
 namespace {
@@ -24,15 +25,6 @@ std::string join(std::string_view prefix, std::string_view name) {
     return prefix.empty() ? std::string(name) : std::string(prefix).append(":").append(name);
 }
 
-bool continuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-int countCharacters(std::string_view text) {
-    return static_cast<int>(
-        text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), continuesCharacter)));
-}
-
 bool equalsIgnoringCase(std::string_view text, std::string_view small) {
     return std::equal(text.begin(), text.end(), small.begin(), small.end(),
                       [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b); });
@@ -43,17 +35,6 @@ bool isBlank(std::string_view text) {
 }
 
 }  // namespace
-
-std::string quoted(std::string_view text) {
-    std::size_t end = 60;
-    if (text.size() <= end) {
-        return "\"" + std::string(text) + "\"";
-    }
-    while (continuesCharacter(text[end])) {
-        --end;
-    }
-    return "\"" + std::string(text.substr(0, end)) + "...\"";
-}
 
 DocumentCheck::Parser::Parser(Receiver receiver, std::uint64_t most)
     : receiver_(std::move(receiver)), most_(most) {
@@ -101,9 +82,19 @@ std::size_t DocumentCheck::Parser::unread() const {
 /// libxml2 looks through all that waits whenever something comes: what comes is held back until it is as much
 /// again, so that a very long value does not take the square of its length.
 void DocumentCheck::Parser::push() {
-    xmlParseChunk(context_, held_.data(), static_cast<int>(held_.size()), 0);
+    parse(held_, false);
     held_.clear();
+}
+
+void DocumentCheck::Parser::parse(std::string_view bytes, bool isEnd) {
+    {
+        const StrayErrors strayErrors(onStrayError, this);
+        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
+    }
     rethrow();
+    if (!stopped_ && context_->disableSAX != 0) {
+        tellLast(place(), "not well-formed: the parser gave up");
+    }
 }
 
 Summary DocumentCheck::Parser::finish() {
@@ -111,8 +102,7 @@ Summary DocumentCheck::Parser::finish() {
         push();
     }
     if (!stopped_) {
-        xmlParseChunk(context_, nullptr, 0, 1);
-        rethrow();
+        parse({}, true);
     }
     if (!stopped_) {
         checkEncoding();
@@ -144,6 +134,11 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
                                     const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
                                     int attributeCount, int /*defaultedCount*/, const xmlChar** attributes) {
     self(context).guard([&](Parser& parser) {
+        parser.startOfTag_.reset();
+        const std::string tag = join(view(prefix), view(name));
+        if (!parser.checkRoot(tag)) {
+            return;
+        }
         parser.checkPrefix(view(prefix), uri != nullptr);
         std::vector<Attribute>& list = parser.attributes_;
         list.clear();
@@ -157,7 +152,7 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
             parser.checkPrefix(view(attributes[1]), attributes[2] != nullptr);
             list.push_back({join(view(attributes[1]), view(attributes[0])), {value, length}});
         }
-        parser.start(join(view(prefix), view(name)), list);
+        parser.start(tag, list);
     });
 }
 
@@ -182,8 +177,8 @@ void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int lengt
 void DocumentCheck::Parser::onDocumentType(void* context, const xmlChar* /*name*/,
                                            const xmlChar* /*publicId*/, const xmlChar* /*systemId*/) {
     self(context).guard([](Parser& parser) {
-        parser.tell(
-            Finding::Severity::ERROR, parser.place(),
+        parser.tellLast(
+            parser.place(),
             "a document type declaration, which is not read: documents name their DTDs as namespaces");
         parser.stop();
     });
@@ -191,76 +186,81 @@ void DocumentCheck::Parser::onDocumentType(void* context, const xmlChar* /*name*
 
 void DocumentCheck::Parser::onError(void* context, xmlErrorPtr error) {
     self(context).guard([&](Parser& parser) {
-        if (error->level == XML_ERR_WARNING || error->domain == XML_FROM_NAMESPACE) {
-            return;
+        parser.takeError(*error);
+        if (parser.stopped_) {
+            parser.stop();
         }
-        if (error->code == XML_ERR_NO_MEMORY) {
-            throw std::bad_alloc();
-        }
-        std::string text = error->message == nullptr ? "unknown error" : error->message;
-        if (error->code == XML_ERR_DOCUMENT_END && !parser.open_.empty()) {
-            text = "the document ends before its elements do";
-        } else if (parser.summary_.bytes == 0) {
-            text = "there is nothing in the document";
-        } else if (error->code == XML_ERR_DOCUMENT_EMPTY) {
-            text = "this is no XML";
-        }
-        while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
-            text.pop_back();
-        }
-        parser.tell(Finding::Severity::ERROR, {error->line, error->int2}, "not well-formed: " + text);
-        parser.stop();
     });
+}
+
+/// Here libxml2 is in the middle of its own input, which stopping the parser would take from it.
+void DocumentCheck::Parser::onStrayError(void* context, xmlErrorPtr error) {
+    Parser& parser = self(context);
+    if (parser.stopped_) {
+        return;
+    }
+    try {
+        parser.takeError(*error);
+    } catch (...) {
+        parser.failure_ = std::current_exception();
+        parser.stopped_ = true;
+    }
+}
+
+void DocumentCheck::Parser::takeError(const xmlError& error) {
+    if (error.level == XML_ERR_WARNING || error.domain == XML_FROM_NAMESPACE) {
+        return;
+    }
+    if (error.code == XML_ERR_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    Identifiers::Place at = place();
+    if (error.line > 0) {
+        at = {error.line, error.int2};
+    }
+    tellLast(at, "not well-formed: " + describe(error));
+}
+
+std::string DocumentCheck::Parser::describe(const xmlError& error) const {
+    if (error.code == XML_ERR_DOCUMENT_END && !open_.empty()) {
+        return "the document ends before its elements do";
+    }
+    if (summary_.bytes == 0) {
+        return "there is nothing in the document";
+    }
+    if (error.code == XML_ERR_DOCUMENT_EMPTY) {
+        return "this is no XML";
+    }
+    if (error.domain == XML_FROM_I18N || error.code == XML_IO_ENCODER) {
+        // The bytes are converted ahead of being read.
+        return "behind this place there are bytes that are no text in the document's encoding, which is " +
+               encodingName();
+    }
+    std::string text = error.message == nullptr ? "unknown error" : error.message;
+    while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+bool DocumentCheck::Parser::isWide() const {
+    return start_ == "\xFE\xFF" || start_ == "\xFF\xFE" || start_ == std::string("<\0", 2) ||
+           start_ == std::string("\0<", 2) || start_ == std::string("\0\0", 2);
+}
+
+/// The encoding as messages name it.
+std::string DocumentCheck::Parser::encodingName() const {
+    const std::string_view encoding = view(context_->encoding);
+    return isWide() ? "UTF-16 or UTF-32" : encoding.empty() ? "UTF-8" : quoted(encoding);
 }
 
 void DocumentCheck::Parser::checkEncoding() {
     const std::string_view encoding = view(context_->encoding);
-    const bool isWide = start_ == "\xFE\xFF" || start_ == "\xFF\xFE" || start_ == std::string("<\0", 2) ||
-                        start_ == std::string("\0<", 2) || start_ == std::string("\0\0", 2);
-    if (isWide || (!encoding.empty() && !equalsIgnoringCase(encoding, "utf-8"))) {
-        tell(Finding::Severity::ERROR, {1, 1},
-             "the document is in " + (isWide ? "UTF-16 or UTF-32" : quoted(encoding)) + ", not in UTF-8");
+    if (isWide() || (!encoding.empty() && !equalsIgnoringCase(encoding, "utf-8"))) {
+        tellInAnyCase({1, 1}, "the document is in " + encodingName() + ", not in UTF-8");
     }
     if (!rootSeen_) {
         tell(Finding::Severity::ERROR, {1, 1}, "there is no element");
-    }
-}
-
-Identifiers::Place DocumentCheck::Parser::place() const {
-    return {xmlSAX2GetLineNumber(context_), xmlSAX2GetColumnNumber(context_)};
-}
-
-/// Where the tag that is being reported begins; the parser itself stands at its end.
-Identifiers::Place DocumentCheck::Parser::startOfTag() const {
-    const xmlParserInput& input = *context_->input;
-    const auto* const base = reinterpret_cast<const char*>(input.base);
-    const auto* const end = reinterpret_cast<const char*>(input.cur);
-    const char* start = end;
-    int line = input.line;
-    while (start > base && *start != '<') {
-        line -= *--start == '\n' ? 1 : 0;
-    }
-    const auto charactersFrom = [&](const char* from, const char* to) {
-        return countCharacters({from, static_cast<std::size_t>(to - from)});
-    };
-    if (line == input.line) {
-        return {line, input.col - charactersFrom(start, end)};
-    }
-    const char* lineStart = start;
-    while (lineStart > base && lineStart[-1] != '\n') {
-        --lineStart;
-    }
-    return {line, charactersFrom(lineStart, start) + 1};
-}
-
-void DocumentCheck::Parser::tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                 std::string_view explanation) {
-    const bool isError = severity == Finding::Severity::ERROR;
-    std::uint64_t& count = isError ? summary_.errors : summary_.notes;
-    ++count;
-    if (!isError || count <= most_) {
-        receiver_({severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text),
-                   std::string(explanation)});
     }
 }
 

@@ -37,14 +37,15 @@ struct Summary {
 class DocumentCheck {
   public:
     using Receiver = std::function<void(const Finding&)>;
-    /// `receiver` hears of at most `most` errors and of all notes; further errors are counted.
+    /// `receiver` hears of all notes, of the first `most` errors and, whatever came before, of another
+    /// encoding and of the error that ends the check; further errors are counted.
     explicit DocumentCheck(Receiver receiver, std::uint64_t most = 100);
     ~DocumentCheck();
     DocumentCheck(const DocumentCheck&) = delete;
     DocumentCheck& operator=(const DocumentCheck&) = delete;
 
-    /// The next bytes of the document. False when the rest need not be read, because the document is not
-    /// well-formed.
+    /// The next bytes of the document. False when the rest need not be read, because an error ended the
+    /// check: the document is not well-formed, no OIM document, too deep, or has a document type.
     bool feed(const char* bytes, std::size_t count);
     /// To be called once, after the last bytes.
     Summary finish();

@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,7 @@ class DocumentCheck::Parser {
     static void onDocumentType(void* context, const xmlChar* name, const xmlChar* publicId,
                                const xmlChar* systemId);
     static void onError(void* context, xmlErrorPtr error);
+    static void onStrayError(void* context, xmlErrorPtr error);
 
     // What libxml2 tells (DocumentCheck.cpp)
     /// Does the work of a callback, unless parsing was stopped. No exception may pass libxml2: it waits here.
@@ -55,23 +57,52 @@ class DocumentCheck::Parser {
     void rethrow();
     std::size_t unread() const;
     void push();
+    void parse(std::string_view bytes, bool isEnd);
+    void takeError(const xmlError& error);
+    std::string describe(const xmlError& error) const;
+    bool isWide() const;
+    std::string encodingName() const;
     void checkEncoding();
-    Identifiers::Place place() const;
-    Identifiers::Place startOfTag() const;
-    void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-              std::string_view explanation = {});
-    void error(std::string text) { tell(Finding::Severity::ERROR, startOfTag(), std::move(text)); }
     void stop();
 
+    // What is told, and where (ParserFindings.cpp)
+    Identifiers::Place place() const;
+    /// Where the tag that is being reported begins; the parser itself stands at its end.
+    const Identifiers::Place& startOfTag();
+    Identifiers::Place findStartOfTag() const;
+    void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
+              std::string_view explanation = {});
+    void deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
+                 std::string_view explanation) const;
+    /// An error that is delivered however many came before it.
+    void tellInAnyCase(Identifiers::Place at, std::string text);
+    /// The error that ends the check: it is delivered in any case, and nothing is taken from the parser after
+    /// it.
+    void tellLast(Identifiers::Place at, std::string text);
+    /// An error of the tag that is being reported. One tag may have very many: once enough were told, neither
+    /// their place nor their text is made.
+    template <typename MakeText>
+    void error(const MakeText& makeText) {
+        if (summary_.errors >= most_) {
+            ++summary_.errors;
+        } else {
+            tell(Finding::Severity::ERROR, startOfTag(), makeText());
+        }
+    }
+
     // What the grammar has to do with it (ElementChecks.cpp)
+    /// False when it is the root, and not that of an OIM document.
+    bool checkRoot(std::string_view name);
     void start(std::string_view name, const std::vector<Attribute>& attributes);
     void end();
     void checkPrefix(std::string_view prefix, bool isDeclared);
+    void checkObject(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
     void checkRequired(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
     void checkSequence(const ElementRule& parent, std::uint16_t tag);
     void checkPlace(std::string_view name, std::uint16_t tag, bool isLink);
     void checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id, bool isPresent);
-    void checkReference(std::string_view name, std::uint16_t tag, std::string_view href);
+    void checkReference(std::string_view name, std::uint16_t tag, const Attribute& href,
+                        const std::vector<Attribute>& attributes);
     void checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
                         std::string_view value);
     void tellLooseReferences();
@@ -85,6 +116,7 @@ class DocumentCheck::Parser {
     std::vector<Attribute> attributes_;  // of the element that starts; kept for its memory
     xmlSAXHandler handler_{};
     xmlParserCtxtPtr context_ = nullptr;
+    std::optional<Identifiers::Place> startOfTag_;  // once it was asked for
     bool stopped_ = false;
     bool rootSeen_ = false;
     std::exception_ptr failure_;

@@ -10,44 +10,49 @@ constexpr std::size_t DEEPEST_NESTING = 10'000;
 /// The tag of an element that the grammar does not know.
 constexpr std::uint16_t OTHER = 0xfffe;
 constexpr std::uint16_t NOWHERE = 0xfffd;
+constexpr std::string_view ROOT = "oim:Transfer";
+
+/// The attribute of this name, or null.
+template <typename Attributes>
+auto find(const Attributes& attributes, std::string_view name) {
+    const auto found = std::find_if(attributes.begin(), attributes.end(),
+                                    [&](const auto& attribute) { return attribute.name == name; });
+    return found == attributes.end() ? nullptr : &*found;
+}
 
 }  // namespace
+
+bool DocumentCheck::Parser::checkRoot(std::string_view name) {
+    if (rootSeen_) {
+        return true;
+    }
+    rootSeen_ = true;
+    if (name != ROOT) {
+        ++summary_.elements;
+        tellLast(startOfTag(), "this is no OIM document: the root is " + quoted(name) + " where " +
+                                   quoted(ROOT) + " is expected");
+        stop();
+    }
+    return !stopped_;
+}
 
 void DocumentCheck::Parser::start(std::string_view name, const std::vector<Attribute>& attributes) {
     ++summary_.elements;
     if (open_.size() >= DEEPEST_NESTING) {
-        error("elements are nested deeper than " + std::to_string(DEEPEST_NESTING));
+        tellLast(startOfTag(), "elements are nested deeper than " + std::to_string(DEEPEST_NESTING));
         stop();
         return;
     }
     const std::uint16_t known = grammar_.find(name);
     const std::uint16_t tag = known == OimGrammar::UNKNOWN ? OTHER : known;
-    std::string_view id;
-    std::string_view href;
-    bool hasId = false;
-    bool isLink = false;
-    for (const Attribute& attribute : attributes) {
-        if (attribute.name == "oim:id") {
-            id = attribute.value;
-            hasId = true;
-        } else if (attribute.name == "oim:href") {
-            href = attribute.value;
-            isLink = true;
-        } else if (tag != OTHER) {
-            checkAttribute(name, tag, attribute.name, attribute.value);
-        }
+    const Attribute* href = find(attributes, "oim:href");
+    checkPlace(name, tag, href != nullptr);
+    if (href != nullptr) {
+        checkReference(name, tag, *href, attributes);
+    } else {
+        checkObject(name, tag, attributes);
     }
-    checkPlace(name, tag, isLink);
-    if (tag != OTHER && !isLink) {
-        checkRequired(name, tag, attributes);
-    }
-    if (isLink) {
-        checkReference(name, tag, href);
-    }
-    if (!isLink || hasId) {
-        checkIdentifier(name, tag, id, hasId);
-    }
-    open_.push_back({tag, isLink, false, 0});
+    open_.push_back({tag, href != nullptr, false, 0});
 }
 
 void DocumentCheck::Parser::end() {
@@ -73,16 +78,26 @@ void DocumentCheck::Parser::checkPrefix(std::string_view prefix, bool isDeclared
     if (undeclaredPrefixes_.size() < MOST) {
         undeclaredPrefixes_.emplace_back(prefix);
     }
-    error("the prefix " + quoted(prefix) + " is used without a namespace");
+    error([&] { return "the prefix " + quoted(prefix) + " is used without a namespace"; });
+}
+
+void DocumentCheck::Parser::checkObject(std::string_view name, std::uint16_t tag,
+                                        const std::vector<Attribute>& attributes) {
+    if (tag != OTHER) {
+        for (const Attribute& attribute : attributes) {
+            checkAttribute(name, tag, attribute.name, attribute.value);
+        }
+        checkRequired(name, tag, attributes);
+    }
+    const Attribute* const id = find(attributes, "oim:id");
+    checkIdentifier(name, tag, id == nullptr ? std::string_view() : id->value, id != nullptr);
 }
 
 void DocumentCheck::Parser::checkRequired(std::string_view name, std::uint16_t tag,
                                           const std::vector<Attribute>& attributes) {
     for (const AttributeRule& rule : grammar_[tag].attributes) {
-        if (rule.isRequired &&
-            std::none_of(attributes.begin(), attributes.end(),
-                         [&](const Attribute& given) { return given.name == rule.name; })) {
-            error("the element " + quoted(name) + " has no attribute " + quoted(rule.name));
+        if (rule.isRequired && find(attributes, rule.name) == nullptr) {
+            error([&] { return "the element " + quoted(name) + " has no attribute " + quoted(rule.name); });
         }
     }
 }
@@ -96,28 +111,30 @@ void DocumentCheck::Parser::checkSequence(const ElementRule& parent, std::uint16
         return;
     }
     if (place < reached) {
-        error("a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name));
+        error(
+            [&] { return "a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name); });
     } else if (place > reached) {
-        error("the element " + quoted(grammar_[tag].name) + " stands where " +
-              quoted(grammar_[sequence[reached]].name) + " is expected");
+        error([&] {
+            return "the element " + quoted(grammar_[tag].name) + " stands where " +
+                   quoted(grammar_[sequence[reached]].name) + " is expected";
+        });
     }
     reached = std::max(reached, static_cast<std::uint16_t>(place + 1));
 }
 
 void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag, bool isLink) {
     if (tag == OTHER) {
-        error("unknown element " + quoted(name));
+        error([&] { return "unknown element " + quoted(name); });
         return;
     }
     if (open_.empty()) {
-        if (grammar_[tag].name != "oim:Transfer") {
-            error("the root is " + quoted(name) + " where \"oim:Transfer\" is expected");
+        if (isLink) {
+            error([] { return std::string("the root is a reference"); });
         }
-        rootSeen_ = true;
         return;
     }
     if (open_.back().isLink) {
-        error("a reference holds the element " + quoted(name) + "; references are empty");
+        error([&] { return "a reference holds the element " + quoted(name) + "; references are empty"; });
         return;
     }
     if (open_.back().tag == OTHER) {
@@ -129,8 +146,10 @@ void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag,
         checkSequence(parent, tag);
     }
     if (std::find(permitted.begin(), permitted.end(), tag) == permitted.end()) {
-        error((isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
-              quoted(parent.name));
+        error([&] {
+            return (isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
+                   quoted(parent.name);
+        });
     }
 }
 
@@ -140,27 +159,39 @@ void DocumentCheck::Parser::checkIdentifier(std::string_view name, std::uint16_t
     const bool takesId = kind == ElementKind::OBJECT || kind == ElementKind::NUMBERED_ASSOCIATION;
     if (!isPresent) {
         if (takesId && tag != OTHER) {
-            error("the object " + quoted(name) + " has no oim:id");
+            error([&] { return "the object " + quoted(name) + " has no oim:id"; });
         }
         return;
     }
     ++summary_.objects;
     if (!takesId) {
-        error("the element " + quoted(name) + " is no object and has an oim:id");
+        error([&] { return "the element " + quoted(name) + " is no object and has an oim:id"; });
     }
     const int number = Identifiers::parse(id, "_");
     if (number == 0) {
-        error("the identifier " + quoted(id) + " is not of the form \"_N\"");
+        error([&] { return "the identifier " + quoted(id) + " is not of the form \"_N\""; });
     } else if (!identifiers_.give(number, tag)) {
-        error("the identifier " + quoted(id) + " was given before");
+        error([&] { return "the identifier " + quoted(id) + " was given before"; });
     }
 }
 
-void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t tag, std::string_view href) {
+void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t tag, const Attribute& href,
+                                           const std::vector<Attribute>& attributes) {
     ++summary_.references;
-    const int number = Identifiers::parse(href, "#_");
+    for (const Attribute& attribute : attributes) {
+        if (&attribute != &href && tag != OTHER) {
+            error([&] {
+                return "a reference to " + quoted(name) + " has the attribute " + quoted(attribute.name) +
+                       "; references have \"oim:href\" alone";
+            });
+        }
+    }
+    const int number = Identifiers::parse(href.value, "#_");
     if (number == 0) {
-        error("the reference " + quoted(href) + " of " + quoted(name) + " is not of the form \"#_N\"");
+        error([&] {
+            return "the reference " + quoted(href.value) + " of " + quoted(name) +
+                   " is not of the form \"#_N\"";
+        });
     } else if (tag != OTHER) {
         identifiers_.refer({number, tag, open_.empty() ? OTHER : open_.back().tag, startOfTag()});
     }
@@ -168,12 +199,17 @@ void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t 
 
 void DocumentCheck::Parser::checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
                                            std::string_view value) {
+    if (name == "oim:id") {
+        return;  // of any element, see checkIdentifier
+    }
     const AttributeRule* rule = grammar_[tag].findAttribute(name);
     if (rule == nullptr) {
-        error("unknown attribute " + quoted(name) + " of " + quoted(element));
+        error([&] { return "unknown attribute " + quoted(name) + " of " + quoted(element); });
     } else if (!rule->permits(value)) {
-        error("the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
-              " where " + rule->describe() + " is expected");
+        error([&] {
+            return "the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
+                   " where " + rule->describe() + " is expected";
+        });
     }
 }
 
@@ -188,8 +224,9 @@ void DocumentCheck::Parser::tellLooseReferences() {
                                                : std::string_view(grammar_[target].name);
         const std::string_view explanation =
             target == OTHER ? std::string_view() : explainLooseReference(holder, tag, targetTag);
-        std::string text =
-            "the reference to _" + std::to_string(reference.id) + " in " + quoted(holder) + " leads ";
+        std::string text = "the reference to _" + std::to_string(reference.id);
+        text += holder.empty() ? "" : " in " + quoted(holder);
+        text += " leads ";
         text += target == NOWHERE
                     ? "nowhere"
                     : "to " + (target == OTHER ? "an unknown element" : quoted(grammar_[target].name));

@@ -27,7 +27,9 @@ CheckReport::CheckReport(std::string documentName, Console& console)
       check_([this](const Finding& finding) { take(finding); }, mostErrors(console)) {}
 
 void CheckReport::take(const Finding& finding) {
-    if (finding.severity == Finding::Severity::ERROR || console_.isVerbose()) {
+    const bool isError = finding.severity == Finding::Severity::ERROR;
+    errorsListed_ += isError ? 1 : 0;
+    if (isError || console_.isVerbose()) {
         findings_.push_back(finding);
         return;
     }
@@ -42,12 +44,12 @@ const oimcheck::Summary& CheckReport::finish() {
     for (const Finding& finding : findings_) {
         print(finding, {});
     }
-    if (const std::uint64_t most = mostErrors(console_); summary_.errors > most) {
-        console_.print({.level = Level::ERROR,
-                        .subject = documentName_,
-                        .text = fmt::format("{} not listed", formatCount(summary_.errors - most,
-                                                                         "more error is", "more errors are")),
-                        .hint = console_.isVerbose() ? "" : "--verbose lists them"});
+    if (const std::uint64_t others = summary_.errors - errorsListed_; others > 0) {
+        console_.print(
+            {.level = Level::ERROR,
+             .subject = documentName_,
+             .text = fmt::format("{} not listed", formatCount(others, "more error is", "more errors are")),
+             .hint = console_.isVerbose() ? "" : "--verbose lists them"});
     }
     for (const auto& [explanation, kind] : notes_) {
         print(kind.first, kind.count == 1

@@ -41,6 +41,7 @@ class CheckReport {
     oimcheck::DocumentCheck check_;
     oimcheck::Summary summary_;
     std::vector<oimcheck::Finding> findings_;
+    std::uint64_t errorsListed_ = 0;
     std::map<std::string, Kind> notes_;  // by their explanation
 };
 

@@ -22,7 +22,9 @@ struct MappedElement {
         std::set<std::string> words;
         bool isInteger = false;
         bool isFree = false;  ///< any text, for some of the objects at least
+        int always = 0;       ///< so many of the element's descriptions say that it is always there
     };
+    int descriptions = 0;
     std::map<std::string, Values> attributes;
     std::set<std::string> children;
     std::set<std::string> references;
@@ -42,8 +44,9 @@ class MappingDocument {
                     [&](const xmlNode* word) { words_[attributeOf(list, "name")].insert(contentOf(word)); });
         });
         forEach(root, "view", [&](const xmlNode* view) {
-            forEach(view, "element",
-                    [&](const xmlNode* element) { add(elements[attributeOf(element, "name")], element); });
+            forEach(view, "element", [&](const xmlNode* element) {
+                describe(elements[attributeOf(element, "name")], element);
+            });
         });
     }
 
@@ -67,6 +70,11 @@ class MappingDocument {
     }
     static std::string contentOf(const xmlNode* node) { return toText(xmlNodeGetContent(node)); }
 
+    void describe(MappedElement& element, const xmlNode* node) {
+        ++element.descriptions;
+        add(element, node);
+    }
+
     void add(MappedElement& element, const xmlNode* node) {
         forEach(node, "use",
                 [&](const xmlNode* use) { add(element, groups_.at(attributeOf(use, "group"))); });
@@ -74,7 +82,7 @@ class MappingDocument {
         forEach(node, "association", [&](const xmlNode* association) {
             const std::string name = attributeOf(association, "name");
             element.children.insert(name);
-            add(elements[name], association);
+            describe(elements[name], association);
         });
         forEach(node, "holds",
                 [&](const xmlNode* held) { element.children.insert(attributeOf(held, "element")); });
@@ -88,6 +96,7 @@ class MappingDocument {
 
     void addAttribute(MappedElement& element, const xmlNode* node) {
         MappedElement::Values& values = element.attributes[attributeOf(node, "name")];
+        values.always += attributeOf(node, "always") == "yes" ? 1 : 0;
         if (const std::string list = attributeOf(node, "words"); !list.empty()) {
             values.words.insert(words_.at(list).begin(), words_.at(list).end());
         } else if (const std::string value = attributeOf(node, "value"); !value.empty()) {
@@ -144,7 +153,7 @@ TEST_F(MappingTest, TheCheckKnowsTheElementsThatAreMappedAndNoOthers) {
     EXPECT_EQ(known, mapped);
 }
 
-TEST_F(MappingTest, TheCheckPermitsWhatIsMappedAndNothingElse) {
+TEST_F(MappingTest, TheCheckPermitsWhatIsMappedAndNothingElseAndAsksForWhatIsAlwaysThere) {
     for (const auto& [name, element] : mapping.elements) {
         SCOPED_TRACE(name);
         ASSERT_NE(grammar.find(name), OimGrammar::UNKNOWN);
@@ -161,6 +170,7 @@ TEST_F(MappingTest, TheCheckPermitsWhatIsMappedAndNothingElse) {
             if (attribute != "oim:id") {  // a matter of the element's kind
                 mapped.insert(attribute);
                 ASSERT_NE(rule.findAttribute(attribute), nullptr);
+                EXPECT_EQ(rule.findAttribute(attribute)->isRequired, values.always == element.descriptions);
                 expectSameValues(*rule.findAttribute(attribute), values);
             }
         }

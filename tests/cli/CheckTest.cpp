@@ -28,12 +28,14 @@ std::string documentWith(const std::string& content) {
            content + "</uml:NamespaceOwnedElement>\n</uml:Subsystem>\n</oim:Transfer>\n";
 }
 
-const std::string BAD_CONTENT = "<uml:Package oim:id=\"_1\"/>\n<uml:Packet oim:id=\"_2\"/>\n";
+const std::string BAD_CONTENT = "<uml:Package oim:id=\"_1\" name=\"p\"/>\n<uml:Packet oim:id=\"_2\"/>\n";
 const std::string LOOSE_CONTENT =
-    "<uml:Class oim:id=\"_2\"><uml:ClassifierFeature>\n"
-    "<uml:Attribute oim:id=\"_3\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_9\"/>\n"
+    "<uml:Class oim:id=\"_2\" name=\"c\" visibility=\"PublicAccess\"><uml:ClassifierFeature>\n"
+    "<uml:Attribute oim:id=\"_3\" name=\"a\" ownerScope=\"instance\" "
+    "visibility=\"PublicAccess\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_9\"/>\n"
     "</uml:StructuralFeatureType></uml:Attribute>\n"
-    "<uml:Attribute oim:id=\"_4\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_8\"/>\n"
+    "<uml:Attribute oim:id=\"_4\" name=\"a\" ownerScope=\"instance\" "
+    "visibility=\"PublicAccess\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_8\"/>\n"
     "</uml:StructuralFeatureType></uml:Attribute>\n"
     "</uml:ClassifierFeature></uml:Class>\n";
 const std::string CLASS_AS_TYPE =
@@ -63,7 +65,7 @@ TEST_F(Check, TellsErrorsAndExitsWith1) {
     EXPECT_EQ(result.err,
               "oimbridge: error: bad.xml: line 9, column 1: the identifier \"_1\" was given before\n"
               "oimbridge: error: bad.xml: line 10, column 1: unknown element \"uml:Packet\"\n");
-    EXPECT_EQ(result.out, "bad.xml: 2 errors in 6 elements, 3 objects and 0 references; 408 bytes\n");
+    EXPECT_EQ(result.out, "bad.xml: 2 errors in 6 elements, 3 objects and 0 references; 417 bytes\n");
     const Result quiet = run(scratch, {"check", "bad.xml", "-q"});
     EXPECT_EQ(quiet.exitCode, 1);
     EXPECT_EQ(quiet.err, result.err);
@@ -124,6 +126,31 @@ TEST_F(Check, ListsAHundredErrorsUnlessItIsVerbose) {
         EndsWith("oimbridge: error: bad.xml: 50 more errors are not listed\nhint: --verbose lists them\n"));
     const Result verbose = run(scratch, {"check", "bad.xml", "--verbose"});
     EXPECT_EQ(std::count(verbose.err.begin(), verbose.err.end(), '\n'), 150);
+}
+
+TEST_F(Check, ListsTheErrorThatEndsItBehindAHundredOthers) {
+    std::string content;
+    for (int i = 0; i < 150; ++i) {
+        content += "<uml:Packet oim:id=\"_" + std::to_string(i + 2) + "\"/>\n";
+    }
+    scratch.write("bad.xml", documentWith(content + "<uml:Package"));
+    const Result result = run(scratch, {"check", "bad.xml"});
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 103);
+    EXPECT_THAT(result.err, HasSubstr("\noimbridge: error: bad.xml: line 159, column 13: not well-formed: "));
+    EXPECT_THAT(result.err, EndsWith("bad.xml: 50 more errors are not listed\nhint: --verbose lists them\n"));
+    EXPECT_THAT(result.out, StartsWith("bad.xml: 151 errors in "));
+}
+
+TEST_F(Check, TellsProgramsOfBytesThatAreNoTextInTheEncoding) {
+    std::string document = documentWith("<!-- \xA4\xFF\xFF\xFF -->\n");
+    document.replace(document.find("UTF-8"), 5, "EUC-JP");
+    const Result result = run(
+        scratch, Setting{.arguments = {"check", "-", "--log-format", "json"}, .input = std::move(document)});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err, StartsWith("{\"level\":\"error\",\"subject\":\"standard input\""));
+    EXPECT_THAT(result.err,
+                HasSubstr("bytes that are no text in the document's encoding, which is \\\"EUC-JP\\\""));
+    EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 2);
 }
 
 struct InputCase {
