@@ -98,6 +98,12 @@ class DatabaseReader : public Reader {
     ReaderDescription description_;
 };
 
+/// JSON and XML begin like no statement; a script that begins so would be refused anyway.
+bool beginsLikeAnotherKind(std::string_view head) {
+    const std::size_t start = head.find_first_not_of(" \t\r\n");
+    return start != std::string_view::npos && (head[start] == '{' || head[start] == '<');
+}
+
 class ScriptReader : public Reader {
   public:
     ScriptReader() {
@@ -111,8 +117,10 @@ class ScriptReader : public Reader {
     }
     const ReaderDescription& describe() const override { return description_; }
     bool identify(const Source& source) const override {
-        return !sqlite::isDatabase(source.head()) &&
-               (sqlite::looksLikeScript(source.head()) || sqlite::foldCase(source.name()).ends_with(".sql"));
+        const std::string_view head = source.head();
+        const bool isNamedScript = sqlite::foldCase(source.name()).ends_with(".sql");
+        return !sqlite::isDatabase(head) &&
+               (sqlite::looksLikeScript(head) || (isNamedScript && !beginsLikeAnotherKind(head)));
     }
     std::unique_ptr<ZORModel> read(const Source& source, const ReadRequest& request,
                                    ReadContext& context) const override {

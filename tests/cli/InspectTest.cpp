@@ -204,6 +204,7 @@ TEST_F(Inspect, CountsInEachViewWhatWasRead) {
             run(scratch, {"inspect", std::string(EXAMPLES_FOLDER "/") + example, "--format", "json", "-q"});
         simdjson::dom::parser parser;
         const simdjson::dom::element json = parser.parse(result.out);
+        EXPECT_EQ(json["views"].get_array().size(), 3U) << example;
         for (const simdjson::dom::element view : json["views"].get_array()) {
             for (const auto& [kind, read] : json["counts"].get_object()) {
                 const std::uint64_t count = read;

@@ -37,6 +37,8 @@ TEST(ReaderList, RecognisesSourcesByContentWhateverTheyAreCalled) {
     EXPECT_EQ(readerOf(Source::fromText("x.model.json", magic)), "sqlite");
     EXPECT_EQ(readerOf(Source::fromText("x.sql", magic)), "sqlite");
     EXPECT_EQ(readerOf(Source::fromText("x", document)), "json");
+    EXPECT_EQ(readerOf(Source::fromText("x.sql", document)), "json");
+    EXPECT_EQ(readerOf(Source::fromText("x.sql", "<xmi:XMI xmi:version=\"2.1\"/>")), "xmi");
     EXPECT_EQ(readerOf(Source::fromText("x.txt", "CREATE TABLE a (b INTEGER);")), "sql");
 }
 
