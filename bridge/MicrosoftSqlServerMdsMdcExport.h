@@ -182,6 +182,7 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge : public ZORXMLWriter {
     void pushIndentation();
     void popIndentation();
     void writeIndentation();
+    void lengthenIndentation();
     void shortenIndentation();
     void writeTagStart(const ZORString& tag, int id);
     void writeTagName(const ZORString& name);

@@ -89,7 +89,7 @@ void Bridge::closeTag(bool empty) {
     popIndentation();
     file_.printLine(std::string_view(empty ? "/>" : ">"));
     if (!empty) {
-        currentIndentation_.append(indentationUnit_.view());
+        lengthenIndentation();
     }
 }
 
@@ -115,7 +115,7 @@ void Bridge::flagAttribute(const ZORString& name, bool value, bool force) {
 
 void Bridge::pushIndentation() {
     writeIndentation();
-    currentIndentation_.append(indentationUnit_.view());
+    lengthenIndentation();
 }
 
 void Bridge::popIndentation() {
@@ -129,8 +129,14 @@ void Bridge::writeIndentation() {
     }
 }
 
+void Bridge::lengthenIndentation() {
+    if (!indentationUnit_.isEmpty()) {
+        currentIndentation_.append(indentationUnit_.view());
+    }
+}
+
 void Bridge::shortenIndentation() {
-    if (currentIndentation_.length() >= indentationUnit_.length()) {
+    if (!indentationUnit_.isEmpty() && currentIndentation_.length() >= indentationUnit_.length()) {
         currentIndentation_.truncate(currentIndentation_.length() - indentationUnit_.length());
     }
 }
