@@ -17,6 +17,11 @@ class Choices {
     /// True once in `times`, and not at all at the end.
     bool oneIn(std::size_t times) { return below(times) == times - 1; }
     bool either() { return oneIn(2); }
+    /// An element of an array.
+    template <typename Element, std::size_t COUNT>
+    const Element& pick(const Element (&elements)[COUNT]) {
+        return elements[below(COUNT)];
+    }
 
   private:
     const std::uint8_t* at_;

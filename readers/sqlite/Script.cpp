@@ -17,9 +17,8 @@ constexpr std::uint64_t MOST_STEPS = 50'000'000;
 constexpr sqlite3_int64 MOST_MEMORY = 256 * 1024 * 1024;
 
 constexpr const char* REFUSAL_HINT =
-    "a script may make tables, views, indexes and triggers and insert rows; take everything else out, or run "
-    "the "
-    "script with sqlite3 and name the database that it makes";
+    "a script may make tables, views, indexes and triggers and insert rows; take everything else out, or "
+    "run the script with sqlite3 and name the database that it makes";
 
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
