@@ -132,7 +132,7 @@ class Generator {
     static void addIndex(ZORClass& table, ZORString name, ZORKey* key,
                          const std::vector<ZORAttribute*>& columns) {
         auto index = std::make_unique<ZORIndex>();
-        index->setName(name);
+        index->setName(std::move(name));
         index->setUnique(key != nullptr);
         index->setKey(key);
         for (ZORAttribute* column : columns) {

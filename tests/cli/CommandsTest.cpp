@@ -14,8 +14,6 @@
 namespace cli_test {
 namespace {
 
-using testing::ContainsRegex;
-using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;

@@ -11,10 +11,7 @@
 namespace cli_test {
 namespace {
 
-using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 class Log : public testing::Test {
   protected:

@@ -19,7 +19,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::EndsWith;
-using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::StartsWith;
 

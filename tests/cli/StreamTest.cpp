@@ -12,7 +12,6 @@
 namespace cli_test {
 namespace {
 
-using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;

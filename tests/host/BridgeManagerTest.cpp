@@ -22,9 +22,7 @@ using support::CollectingLog;
 using support::CompleteModel;
 using testing::ElementsAre;
 using testing::EndsWith;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::StartsWith;
 
 /// What the work's ZORException says; empty when it throws none.
 template <typename Work>

@@ -172,7 +172,7 @@ TEST(Exception, CarriesItsText) {
     const ZORException failure("no file");
     EXPECT_EQ(failure.getText(), "no file");
     EXPECT_STREQ(failure.what(), "no file");
-    const ZORException copy(failure);
+    const ZORException copy(failure);  // NOLINT(performance-unnecessary-copy-initialization): it is tested
     EXPECT_EQ(copy.getText(), "no file");
 }
 

@@ -25,7 +25,7 @@ class SourceFile : public testing::Test {
     ~SourceFile() override { std::filesystem::remove_all(folder_); }
 
     std::string write(const std::string& name, const std::string& content) const {
-        const std::string path = pathOf(name);
+        std::string path = pathOf(name);
         std::ofstream(path, std::ios::binary) << content;
         return path;
     }

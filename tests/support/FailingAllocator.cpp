@@ -86,10 +86,13 @@ void operator delete[](void* memory, std::size_t) noexcept {
 
 extern "C" {
 
+// The C library's own functions below those that are replaced here.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
 void __libc_free(void* memory);
+// NOLINTEND(bugprone-reserved-identifier)
 
 void* malloc(std::size_t size) noexcept {
     void* memory = fails() ? nullptr : __libc_malloc(size);

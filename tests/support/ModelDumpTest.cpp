@@ -12,7 +12,6 @@ namespace support {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 TEST(ModelDump, OfEqualModelsIsEqual) {
     const CompleteModel one;

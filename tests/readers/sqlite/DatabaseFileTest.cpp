@@ -19,7 +19,6 @@ using readers::Source;
 using readers::sqliteDatabaseReader;
 using support::ScratchFolder;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* LOCKED =

@@ -9,7 +9,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
