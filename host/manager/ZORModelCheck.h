@@ -9,7 +9,8 @@
 /// stand on more base types than this: who asks for what a type stands for goes through all of them.
 inline constexpr int ZOR_DEEPEST_NESTING = 1000;
 
-/// What a model is to be written as. The UML view alone cannot say that a data type has a stereotype.
+/// What a model is to be written as. The UML view alone cannot say that a data type or a realization
+/// has a stereotype.
 enum class ZORViewsToCheck { ALL, ALL_BUT_UML };
 
 /// Looks through a model, whatever its source, for what a bridge may not see:
@@ -19,12 +20,10 @@ enum class ZORViewsToCheck { ALL, ALL_BUT_UML };
 ///   both ends;
 /// - references to objects that are not of this model, the types of another model included;
 /// - base types in a circle, nesting too deep, generalizations of too many pairs of classes;
-/// - keys, indexes and roles that are inconsistent with each other or their classes, an association class
-/// that
-///   is not the class of its association, a second primary key;
-/// - a realization with a stereotype of its own, an element that packages do not hold, a general pointer in
-///   use;
-/// - for the UML view, a data type with a stereotype.
+/// - keys, indexes and roles that are inconsistent with each other or their classes, a second primary key, an
+///   association class that is not the class of its association;
+/// - an element that packages do not hold, a general pointer in use;
+/// - for the UML view, a data type or a realization with a stereotype.
 ///
 /// Gives back one sentence per fault, naming the object, at most `most` of them; empty when the model is
 /// sound. It takes constant time per object and needs no stack per nesting level. While it runs it uses the

@@ -1,7 +1,6 @@
 // Loaded before the C library, this lets a chosen system call of the program fail or wait:
 //   FAULT_CALL=write FAULT_NUMBER=3 FAULT_ERRNO=28    the third write to a file fails
-//   FAULT_CALL=fsync FAULT_NUMBER=1 FAULT_WAIT=PATH   the first fsync makes the file PATH and waits until it
-//   is gone
+//   FAULT_CALL=fsync FAULT_NUMBER=1 FAULT_WAIT=PATH   the first fsync makes PATH and waits until it is gone
 // Writes to the standard descriptors are not counted.
 #include <dlfcn.h>
 #include <fcntl.h>

@@ -365,7 +365,8 @@ const Fault FAULTS[] = {
      {"Realization 'Sales.Archive.#1' has no client.", "Realization 'Sales.Archive.#1' has no supplier."}},
     {"realization_with_a_stereotype",
      [](auto& m, auto&) { m.realization->setStereotype("x"); },
-     {"Realization 'Sales.fulfils' has a stereotype of its own, which a realization cannot have."}},
+     {"Realization 'Sales.fulfils' has a stereotype of its own, which in the UML view a realization cannot "
+      "have."}},
 };
 
 std::ostream& operator<<(std::ostream& out, const Fault& fault) {
@@ -386,10 +387,11 @@ TEST_P(ModelCheckRefuses, WithOneSentenceForEachFault) {
 INSTANTIATE_TEST_SUITE_P(Rows, ModelCheckRefuses, testing::ValuesIn(FAULTS),
                          [](const testing::TestParamInfo<Fault>& row) { return row.param.what; });
 
-TEST(ModelCheck, PermitsAStereotypeOfADataTypeToAllViewsButUml) {
+TEST(ModelCheck, PermitsStereotypesOfDataTypesAndRealizationsToAllViewsButUml) {
     CompleteModel m;
     m.integer->setStereotype("x");
-    EXPECT_THAT(check(m.model), SizeIs(1));
+    m.realization->setStereotype("x");
+    EXPECT_THAT(check(m.model), SizeIs(2));
     EXPECT_THAT(checkModel(m.model, 20, ZORViewsToCheck::ALL_BUT_UML), IsEmpty());
 }
 

@@ -23,8 +23,9 @@ void ModelChecker::checkElement(const Place& place, const ZORModelElement& eleme
         case ZOR_DEPENDENCY:
             return checkClientAndSupplier(place, static_cast<const ZORDependency&>(element));
         case ZOR_REALIZATION:
-            if (!element.getStereotype().isEmpty()) {
-                faults_.add(place, "has a stereotype of its own, which a realization cannot have");
+            if (checksUml_ && !element.getStereotype().isEmpty()) {
+                faults_.add(place,
+                            "has a stereotype of its own, which in the UML view a realization cannot have");
             }
             return checkClientAndSupplier(place, static_cast<const ZORRealization&>(element));
         default:
