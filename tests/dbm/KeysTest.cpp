@@ -164,6 +164,17 @@ TEST_F(Indexes, HoldTheirColumnsInOrder) {
 )xml"_lines);
 }
 
+TEST_F(Indexes, AreDecidedOnOnce) {
+    TestBridge bridge(model.model(), MODEL_VIEW_DBM);
+    ZORIndex* written = model.addIndex(table, "I", {"a"});
+    EXPECT_TRUE(bridge.isExportableDBMIndex(written));
+    EXPECT_TRUE(bridge.isExportableDBMIndex(written));
+    makeLogical("b");
+    ZORIndex* leftOut = model.addIndex(table, "J", {"b"});
+    EXPECT_FALSE(bridge.isExportableDBMIndex(leftOut));
+    EXPECT_FALSE(bridge.isExportableDBMIndex(leftOut));
+}
+
 TEST_F(Indexes, TellWhenTheyAreClusteredOrUnique) {
     ZORIndex* index = model.addIndex(table, "", {"a"});
     index->setUnique(true);
