@@ -109,8 +109,8 @@ std::string documentOfTypes(const std::vector<std::string>& dataTypes) {
     std::string attributes;
     for (const std::string& dataType : dataTypes) {
         const char* comma = types.empty() ? "" : ",";
-        types += fmt::format(R"({}{{"id": "t.{}", "kind": "concrete", "name": "T", "dataType": "{}"}})",
-                             comma, dataType, dataType);
+        types += fmt::format(R"({}{{"id": "t.{}", "kind": "concrete", "name": "T{}", "dataType": "{}"}})",
+                             comma, dataType, dataType, dataType);
         attributes += fmt::format(R"({}{{"name": "a", "type": "t.{}"}})", comma, dataType);
     }
     return fmt::format(R"({{"format": "oim-source-model", "version": 1, "model": {{"name": "m", "types": [{}],
