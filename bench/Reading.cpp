@@ -59,9 +59,9 @@ void writeFile(const std::string& path, const std::string& text) {
 
 void measureReading(benchmark::State& state, const readers::Reader& reader, const std::string& path) {
     std::size_t modelBytes = 0;
+    std::size_t before = allocatedBytes();
     for (auto _ : state) {
         StrictContext context;
-        const std::size_t before = allocatedBytes();
         auto model = reader.read(readers::Source::fromFile(path), {}, context);
         state.PauseTiming();
         context.assertNoLosses();
@@ -69,6 +69,7 @@ void measureReading(benchmark::State& state, const readers::Reader& reader, cons
         modelBytes = allocatedBytes() - before;
         model.reset();
         malloc_trim(0);  // every reading begins with memory that was never used, as in a program of its own
+        before = allocatedBytes();
         state.ResumeTiming();
     }
     state.counters[FILE_BYTES] = static_cast<double>(std::filesystem::file_size(path));
