@@ -156,9 +156,22 @@ class BridgeInspection {
         return needsUml_ ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML;
     }
 
+    /// Without it there is nothing to say about a single object.
+    void requireVerdicts() const {
+        if (!bridge_.canInspect()) {
+            throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, "--why", describeSilence(),
+                          "without --why, inspect reports what is read");
+        }
+    }
+
+    /// None, and a note, of a bridge that does not tell.
     std::vector<ViewVerdicts> count(const ReadModel& read, const std::string& sourceName,
                                     const Arguments& arguments, Console& console) {
         std::vector<ViewVerdicts> all;
+        if (!bridge_.canInspect()) {
+            console.print({.level = Level::NOTE, .subject = sourceName, .text = describeSilence()});
+            return all;
+        }
         forEachView(read, sourceName, arguments, console, [&](ZORLog& log) {
             for (ViewVerdicts& view : countVerdicts(bridge_, *read.model, options_, log)) {
                 all.push_back(std::move(view));
@@ -192,6 +205,10 @@ class BridgeInspection {
                 throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, sourceName, id, text, {});
             }
         }
+    }
+
+    std::string describeSilence() const {
+        return fmt::format("the bridge \"{}\" does not tell what it would write", bridge_.getName().view());
     }
 
     /// Warns of a model that has no UML view.
@@ -242,6 +259,9 @@ std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSou
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
     BridgeInspection inspection(arguments);
+    if (!arguments.askedName.empty()) {
+        inspection.requireVerdicts();
+    }
     const SourceName name = parseSourceName(arguments.source);
     Progress progress(console);
     const OpenedSource source = openSource(name, progress);

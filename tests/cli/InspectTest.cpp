@@ -365,5 +365,44 @@ TEST_F(Inspect, NeedsTheBridge) {
     EXPECT_EQ(result.out, "");
 }
 
+/// With a bridge that does not offer to tell what it would write.
+class InspectWithASilentBridge : public Inspect {
+  protected:
+    Result inspect(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"inspect", "shop.sql"});
+        return run(scratch, Setting{.arguments = arguments,
+                                    .environment = {{"ZOR_BRIDGE_PATH", FAULTY_BRIDGE_FOLDER}}});
+    }
+    static constexpr const char* SILENCE =
+        "the bridge \"MicrosoftSqlServerMdsMdcExport\" does not tell what it would write\n";
+};
+
+TEST_F(InspectWithASilentBridge, ReportsWhatIsRead) {
+    const Result result = inspect({});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, std::string("oimbridge: note: shop.sql: ") + SILENCE);
+    EXPECT_THAT(result.out, AllOf(HasSubstr("\n  tables                         3\n"),
+                                  HasSubstr("\n    main.customer.name: NOCASE\n"), Not(HasSubstr("view:"))));
+    const std::string whole = report({"shop.sql"});
+    EXPECT_EQ(result.out, whole.substr(0, whole.find("\nIn the UML view:")));
+}
+
+TEST_F(InspectWithASilentBridge, ReportsInJsonWithoutViews) {
+    const Result result = inspect({"--format", "json"});
+    EXPECT_EQ(result.exitCode, 0);
+    simdjson::dom::parser parser;
+    const simdjson::dom::element json = parser.parse(result.out);
+    EXPECT_EQ(std::uint64_t(json["counts"]["classes"]), 3U);
+    EXPECT_EQ(json["views"].get_array().size(), 0U);
+}
+
+TEST_F(InspectWithASilentBridge, RefusesToTellWhy) {
+    const Result result = inspect({"--why", "customer"});
+    EXPECT_EQ(result.exitCode, 5);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, std::string("oimbridge: error: --why: ") + SILENCE +
+                              "hint: without --why, inspect reports what is read\n");
+}
+
 }  // namespace
 }  // namespace cli_test
