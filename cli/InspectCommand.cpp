@@ -9,6 +9,7 @@
 #include "InspectionReport.h"
 #include "ModelReading.h"
 #include "Text.h"
+#include "Unread.h"
 
 namespace cli {
 
@@ -229,29 +230,38 @@ class BridgeInspection {
     bool needsUml_ = false;
 };
 
-std::vector<NamedObject> findAsked(const ReadModel& read, const OpenedSource& source,
-                                   const Arguments& arguments) {
+/// What there is to say of a name: of objects of the model, or of what did not get into it.
+struct Answer {
+    std::vector<NamedObject> objects;
+    std::vector<UnreadThing> unread;
+};
+
+Answer findAsked(const ReadModel& read, const OpenedSource& source, const Arguments& arguments) {
     const bool databaseWords = source.reader->describe().naturalView == "dbm";
-    std::vector<NamedObject> found = findNamed(*read.model, arguments.askedName, databaseWords);
-    if (found.empty()) {
+    Answer answer{findNamed(*read.model, arguments.askedName, databaseWords), {}};
+    if (answer.objects.empty()) {
+        answer.unread = findUnread(read, arguments.selection, arguments.askedName);
+    }
+    if (answer.objects.empty() && answer.unread.empty()) {
         throw Failure(ExitCode::WRONG_USE, "--why",
                       fmt::format("nothing that was read is called \"{}\".{}", arguments.askedName,
                                   describeNearestNames(*read.model, arguments.askedName)));
     }
-    return found;
+    return answer;
 }
 
-std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSource& source,
-                        const Arguments& arguments) {
+std::string namedReport(const Answer& answer, const OpenedSource& source, const Arguments& arguments) {
     if (arguments.format == ReportFormat::TEXT) {
-        return describeNamed(objects);
+        return describeNamed(answer.objects) + describeUnread(answer.unread);
     }
     JsonWriter json(2);
     json.beginObject()
         .member("source", source.source.name())
         .member("name", arguments.askedName)
         .key("objects");
-    writeNamed(json, objects);
+    writeNamed(json, answer.objects);
+    json.key("unread");
+    writeUnread(json, answer.unread);
     return json.endObject().text() + "\n";
 }
 
@@ -273,9 +283,11 @@ ExitCode runInspect(const Arguments& arguments, Console& console) {
         report = arguments.format == ReportFormat::JSON ? jsonReport(source, read, verdicts)
                                                         : textReport(source, read, verdicts);
     } else {
-        std::vector<NamedObject> objects = findAsked(read, source, arguments);
-        inspection.tellOf(objects, read, sourceName, arguments, console);
-        report = namedReport(objects, source, arguments);
+        Answer answer = findAsked(read, source, arguments);
+        if (!answer.objects.empty()) {
+            inspection.tellOf(answer.objects, read, sourceName, arguments, console);
+        }
+        report = namedReport(answer, source, arguments);
     }
     progress.stop();
     writeStandardOutput(report);

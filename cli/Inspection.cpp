@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "Text.h"
 #include "Views.h"
 #include "ZORNearest.h"
 
@@ -82,12 +83,6 @@ std::string wordFor(const ZORObject& object, bool databaseWords) {
     }
 }
 
-std::string fold(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
 std::string displayNameOf(const ZORObject& object) {
     return object.isInstanceOf(ZOR_MODEL_OBJECT)
                ? std::string(static_cast<const ZORModelObject&>(object).getDisplayName().view())
@@ -138,19 +133,13 @@ class NameWalk : public ZORTraversalOperation {
     std::vector<std::size_t> lengths_;
 };
 
-bool isEndOf(const std::string& path, const std::string& name) {
-    return path.size() == name.size() ? path == name
-                                      : path.size() > name.size() && path.ends_with(name) &&
-                                            path[path.size() - name.size() - 1] == '.';
-}
-
 std::vector<NamedObject> findPaths(ZORModel& model, const std::string& name, bool databaseWords,
                                    bool ignoreCase) {
-    const std::string wanted = ignoreCase ? fold(name) : name;
+    const std::string wanted = ignoreCase ? foldCase(name) : name;
     std::set<const ZORObject*> wantedObjects;
     for (NameWalk::NameOf* nameOf : {&displayNameOf, &databaseNameOf}) {
         NameWalk(nameOf, [&](const ZORObject& object, const std::string& path) {
-            if (isEndOf(ignoreCase ? fold(path) : path, wanted)) {
+            if (isEndOfPath(ignoreCase ? foldCase(path) : path, wanted)) {
                 wantedObjects.insert(&object);
             }
         }).run(model);

@@ -305,7 +305,8 @@ TEST_F(Inspect, TellsWhyInJson) {
         }
       ]
     }
-  ]
+  ],
+  "unread": []
 }
 )");
 }
@@ -328,6 +329,102 @@ TEST_F(Inspect, NamesTheNearestOfANameThatNothingHas) {
     EXPECT_EQ(far.exitCode, 2);
     EXPECT_EQ(far.err,
               "oimbridge: error: --why: nothing that was read is called \"main.nothing_like_it\".\n");
+}
+
+/// Asks after what the reader or the selection keeps out of the model.
+class InspectUnread : public Inspect {
+  protected:
+    InspectUnread() {
+        scratch.write("more.sql", R"(
+            CREATE TABLE p(id INTEGER PRIMARY KEY, n TEXT, c TEXT COLLATE NOCASE);
+            CREATE TABLE child(id INTEGER PRIMARY KEY, q INT CONSTRAINT fk_missing REFERENCES missing(x),
+                s TEXT CONSTRAINT ck_s CHECK (s > 'a'), CONSTRAINT fk_n FOREIGN KEY (id) REFERENCES p(id));
+            CREATE VIEW names AS SELECT n FROM p;
+            CREATE TRIGGER log AFTER INSERT ON child BEGIN SELECT 1; END;)");
+    }
+    Result ask(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"inspect", "more.sql", "--view", "erd", "--why"});
+        return run(scratch, arguments);
+    }
+};
+
+class InspectUnreadThing : public InspectUnread, public testing::WithParamInterface<WhyCase> {};
+
+TEST_P(InspectUnreadThing, IsToldInASentence) {
+    const Result result = ask(GetParam().arguments);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.out, GetParam().text);
+}
+
+const WhyCase UNREAD[] = {
+    {"AConstraintThatTheReaderWarnsOf",
+     {"fk_missing"},
+     "main.child.fk_missing was not read: the reference of q to missing is left out: there is no such "
+     "table.\n"},
+    {"AConstraintThatTheModelCannotHold",
+     {"ck_s"},
+     "main.child.ck_s was not carried over: CHECK expressions: s > 'a'.\n"},
+    {"AConstraintByItsPath",
+     {"main.child.ck_s"},
+     "main.child.ck_s was not carried over: CHECK expressions: s > 'a'.\n"},
+    {"InOtherLetterCaseIfThereIsNoOther",
+     {"CK_S"},
+     "main.child.ck_s was not carried over: CHECK expressions: s > 'a'.\n"},
+    {"ATableThatIsNotAmongThoseAskedFor",
+     {"child", "--table", "p"},
+     "The table main.child was not selected: --table leaves it out.\n"},
+    {"ATableThatIsExcluded",
+     {"main.child", "--exclude-table", "ch*"},
+     "The table main.child was not selected: --exclude-table leaves it out.\n"},
+    {"AColumnOfSuchATable",
+     {"child.s", "--table", "p"},
+     "The table main.child was not selected: --table leaves it out.\n"},
+    {"ARelationshipToSuchATable",
+     {"fk_n", "--table", "child"},
+     "main.child.fk_n was not carried over: relationships to tables left out: p.\n"},
+    {"AView", {"names", "--no-views"}, "The view main.names was not selected: --no-views leaves it out.\n"},
+    {"AViewThatIsExcluded",
+     {"names", "--no-views", "--exclude-table", "names"},
+     "The view main.names was not selected: --exclude-table leaves it out.\n"},
+    {"ATrigger",
+     {"log", "--no-triggers"},
+     "The trigger main.child.log was not selected: --no-triggers leaves it out.\n"},
+    {"ATriggerOfATableThatIsLeftOut",
+     {"log", "--table", "p"},
+     "The trigger main.child.log was not selected: --table leaves it out.\n"},
+    {"ATableOfASchema",
+     {"child", "--exclude-schema", "main", "--allow-empty"},
+     "The table main.child was not selected: --exclude-schema leaves it out.\n"},
+    {"NothingWhereTheModelHasTheName",
+     {"c", "--table", "p"},
+     "The column main.p.c is written to the ERD view as erd:Attribute.\n"},
+};
+INSTANTIATE_TEST_SUITE_P(Asked, InspectUnreadThing, testing::ValuesIn(UNREAD),
+                         [](const testing::TestParamInfo<WhyCase>& why) { return why.param.name; });
+
+TEST_F(InspectUnread, IsNoPatternThatFitsNothing) {
+    const Result result = ask({"chidl", "--exclude-table", "chidl"});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.err, HasSubstr("nothing that was read is called \"chidl\". Did you mean \"child\"?"));
+}
+
+TEST_F(InspectUnread, IsToldInJson) {
+    const Result result = ask({"child", "--table", "p", "--format", "json"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, R"({
+  "source": "more.sql",
+  "name": "child",
+  "objects": [],
+  "unread": [
+    {
+      "kind": "table",
+      "path": "main.child",
+      "outcome": "not selected",
+      "reason": "--table leaves it out"
+    }
+  ]
+}
+)");
 }
 
 TEST_F(Inspect, WarnsOfWhatAnExportOfTheViewWouldWarnOf) {
