@@ -1,111 +1,18 @@
 #include "Inspection.h"
 
-#include <algorithm>
-#include <iterator>
+#include "LeavingReasons.h"
 
 namespace {
-
-/// Kinds of objects that a subject area has no elements for, by element type; null: it has.
-struct MissingKind {
-    ZORElementType type;
-    const char* uml;
-    const char* erd;
-    const char* dbm;
-};
-
-constexpr const char* NO_VIEWS = "the view has no SQL views";
-constexpr const char* NO_INDEXES = "the view has no indexes";
-constexpr const char* NO_SYNONYMS = "the view has no synonyms";
-constexpr const char* NO_OPERATIONS = "the view has no operations";
-constexpr const char* NO_DEPENDENCIES = "the view has no dependencies";
-constexpr const char* NO_REALIZATIONS = "the view has no realizations";
-constexpr const char* NO_DIAGRAMS = "the view has no diagrams";
-constexpr const char* NO_NOTES = "the view has no notes";
-constexpr const char* NO_VALUES = "the view has no values of data types";
-
-constexpr MissingKind MISSING_KINDS[] = {
-    {ZOR_DATABASE_CATALOG, "the view names no database", "the view names no database",
-     "the model is written as the catalog"},
-    {ZOR_DESIGN_PACKAGE, nullptr, "the view has no packages", nullptr},
-    {ZOR_SQL_VIEW_ENTITY, NO_VIEWS, NO_VIEWS, nullptr},
-    {ZOR_CANDIDATE_KEY, "the view has no keys", nullptr, nullptr},
-    {ZOR_FOREIGN_KEY, "the view has no keys", nullptr, nullptr},
-    {ZOR_INDEX, NO_INDEXES, NO_INDEXES, nullptr},
-    {ZOR_SYNONYM, NO_SYNONYMS, NO_SYNONYMS, nullptr},
-    {ZOR_OPERATION, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_STORED_PROCEDURE, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_TRIGGER, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_DEPENDENCY, nullptr, NO_DEPENDENCIES, NO_DEPENDENCIES},
-    {ZOR_REALIZATION, nullptr, NO_REALIZATIONS, NO_REALIZATIONS},
-    {ZOR_DIAGRAM, NO_DIAGRAMS, nullptr, NO_DIAGRAMS},
-    {ZOR_NOTE, nullptr, NO_NOTES, NO_NOTES},
-    {ZOR_TYPE_VALUE, NO_VALUES, nullptr, NO_VALUES},
-};
-
-const char* findMissingKind(ZORElementType type, MDCSubjectArea area) {
-    const auto* found = std::find_if(std::begin(MISSING_KINDS), std::end(MISSING_KINDS),
-                                     [&](const MissingKind& kind) { return kind.type == type; });
-    if (found == std::end(MISSING_KINDS)) {
-        return nullptr;
-    }
-    return area == UML ? found->uml : area == ERD ? found->erd : found->dbm;
-}
-
-/// What is left out because the object is.
-const char* describePart(ZORElementType owner, MDCSubjectArea area) {
-    switch (owner) {
-        case ZOR_CLASS:
-            return area == DBM ? "its table \"{0}\" is left out" : "its class \"{0}\" is left out";
-        case ZOR_SQL_VIEW_ENTITY:
-            return "its view \"{0}\" is left out";
-        case ZOR_DESIGN_PACKAGE:
-            return "its package \"{0}\" is left out";
-        case ZOR_OPERATION:
-        case ZOR_STORED_PROCEDURE:
-        case ZOR_TRIGGER:
-            return "its operation \"{0}\" is left out";
-        case ZOR_INDEX:
-            return "its index \"{0}\" is left out";
-        case ZOR_ASSOCIATION:
-            return area == UML ? "its association \"{0}\" is left out"
-                               : "its relationship \"{0}\" is left out";
-        default:
-            // For kinds of objects that a model does not have yet.
-            return "what it belongs to is left out";
-    }
-}
-
-/// The rules about objects that no filter is asked about, because of what they belong to.
-const char* findPlaceRule(ZORElementType type, ZORElementType owner, MDCSubjectArea area) {
-    const bool isOperation = type == ZOR_OPERATION || type == ZOR_STORED_PROCEDURE || type == ZOR_TRIGGER;
-    if (area == UML && isOperation && owner == ZOR_DESIGN_PACKAGE) {
-        return "the view has no operations of packages";
-    }
-    if (area == UML && type == ZOR_NOTE) {
-        return "the view has no notes on what it belongs to";
-    }
-    if (area == ERD && type == ZOR_TYPE_VALUE) {
-        return "only a derived type has its values in the view";
-    }
-    if (area == DBM && type == ZOR_STORED_PROCEDURE && owner == ZOR_CLASS) {
-        return "procedures of a class of this type are not written";
-    }
-    if (area == DBM && isOperation) {
-        return "it is neither a procedure nor a trigger of a table";
-    }
-    if (area != UML && type == ZOR_ARGUMENT && owner == ZOR_CLASS) {
-        return "the view has no template parameters";
-    }
-    if (area != UML && type == ZOR_ATTRIBUTE && owner == ZOR_ASSOCIATION_ROLE) {
-        return "the view has no qualifiers";
-    }
-    return nullptr;
-}
 
 ZORString nameOf(const ZORObject* object) {
     return object == nullptr || !object->isInstanceOf(ZOR_MODEL_OBJECT)
                ? ZORString()
                : static_cast<const ZORModelObject*>(object)->getDisplayName();
+}
+
+ZORString quotedName(const ZORClass* cls) {
+    const ZORString name = nameOf(cls);
+    return name.isEmpty() ? ZORString("a class without a name") : "\"" + name + "\"";
 }
 
 /// The text with the name in its place; without a name there is no place either.
@@ -160,14 +67,22 @@ class Inspection::Walk : public ZORTraversalOperation {
     std::vector<const ZORObject*> owners_;
 };
 
+void Inspection::standsForPair(const ZORObject* own, const ZORGeneralization* generalization,
+                               const ZORClass* subtype, const ZORClass* supertype) {
+    standsFor(own, generalization);
+    pairs_[generalization].push_back({own, subtype, supertype});
+}
+
 void Inspection::noteWritten(const ZORObject* object, const ZORString& tag) {
     const auto standIn = standIns_.find(object);
     const MDCSubjectArea area = tag.view().starts_with("uml:")   ? UML
                                 : tag.view().starts_with("erd:") ? ERD
                                                                  : DBM;
-    Note& note = notes_[standIn == standIns_.end() ? object : standIn->second][area];
-    if (note.tag.isEmpty()) {
-        note.tag = tag;
+    for (const ZORObject* told : {object, standIn == standIns_.end() ? object : standIn->second}) {
+        Note& note = notes_[told][area];
+        if (note.tag.isEmpty()) {
+            note.tag = tag;
+        }
     }
 }
 
@@ -191,11 +106,16 @@ void Inspection::conclude(ZORModel& model) {
 
 void Inspection::report(ZORExportObserver& observer) const {
     static constexpr const char* NAMES[AREAS] = {"uml", "erd", "dbm"};
-    for (const Verdict& verdict : verdicts_) {
+    auto exception = exceptions_.begin();
+    for (std::size_t i = 0; i < verdicts_.size(); ++i) {
+        const Verdict& verdict = verdicts_[i];
         if (verdict.tag.isEmpty()) {
             observer.leftOut(verdict.object, NAMES[verdict.area], verdict.reason, verdict.reasonInGeneral);
         } else {
             observer.written(verdict.object, NAMES[verdict.area], verdict.tag);
+        }
+        for (; exception != exceptions_.end() && exception->verdict == i; ++exception) {
+            observer.writtenExcept(verdict.object, NAMES[verdict.area], exception->text);
         }
     }
 }
@@ -213,6 +133,7 @@ bool Inspection::isWritten(const ZORObject* object, MDCSubjectArea area) const {
 void Inspection::judge(const ZORObject* object, const ZORObject* owner, MDCSubjectArea area) {
     if (isWritten(object, area)) {
         verdicts_.push_back({object, area, find(object, area)->tag, {}, {}});
+        addExceptions(object, area);
         return;
     }
     Note& note = notes_[object][area];
@@ -222,6 +143,28 @@ void Inspection::judge(const ZORObject* object, const ZORObject* owner, MDCSubje
     }
     verdicts_.push_back(
         {object, area, {}, describe(note.reason, area, false), describe(note.reason, area, true)});
+}
+
+void Inspection::addExceptions(const ZORObject* object, MDCSubjectArea area) {
+    const auto pairs = pairs_.find(object);
+    if (pairs == pairs_.end()) {
+        return;
+    }
+    const std::vector<Pair>& all = pairs->second;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        // Where associations stand for the pairs, the last one was made first.
+        const Pair& pair = all[area == UML ? i : all.size() - 1 - i];
+        const Note* note = find(pair.own, area);
+        if (note == nullptr || !note->leftOut || !note->tag.isEmpty()) {
+            continue;
+        }
+        ZORString text = "not for " + quotedName(pair.subtype);
+        if (pair.supertype != nullptr) {
+            text.append(" as a subtype of ").append(quotedName(pair.supertype).view());
+        }
+        text.append(": ").append(describe(note->reason, area, false).view());
+        exceptions_.push_back({verdicts_.size() - 1, std::move(text)});
+    }
 }
 
 LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZORObject* owner,

@@ -196,6 +196,11 @@ class Listener : public ZORExportObserver {
                  const ZORString& /*reasonInGeneral*/) override {
         add(object, area, false, reason);
     }
+    void writtenExcept(const ZORObject* object, const char* /*area*/, const ZORString& exception) override {
+        if (const auto found = objects_.find(object); found != objects_.end()) {
+            found->second->verdicts.back().exceptions.emplace_back(exception.view());
+        }
+    }
 
   private:
     void add(const ZORObject* object, const char* area, bool isWritten, const ZORString& text) {

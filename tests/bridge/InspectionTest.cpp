@@ -21,6 +21,7 @@ struct Verdict {
     std::string tag;  ///< empty: left out
     std::string reason;
     std::string reasonInGeneral;
+    std::string exceptions = {};  ///< with ", but" in front
 };
 
 /// Keeps what it is told.
@@ -36,13 +37,19 @@ class Verdicts : public ZORExportObserver {
         add(object, area, {{}, std::string(reason.view()), std::string(reasonInGeneral.view())});
     }
 
+    void writtenExcept(const ZORObject* object, const char* area, const ZORString& exception) override {
+        Verdict& verdict = verdicts.at({object, area});
+        verdict.exceptions += (verdict.exceptions.empty() ? ", but " : "; ") + std::string(exception.view());
+    }
+
     /// "as TAG", or the reason; "nothing" for an object that was not told of.
     std::string of(const ZORObject* object, const std::string& area) const {
         const auto found = verdicts.find({object, area});
         if (found == verdicts.end()) {
             return "nothing";
         }
-        return found->second.tag.empty() ? found->second.reason : "as " + found->second.tag;
+        const Verdict& verdict = found->second;
+        return verdict.tag.empty() ? verdict.reason : "as " + verdict.tag + verdict.exceptions;
     }
 
     std::map<Key, Verdict> verdicts;
@@ -287,6 +294,56 @@ TEST_F(InspectionReasons, OfAGeneralizationAreThoseOfItsPairs) {
     makePhysical(child);
     EXPECT_EQ(reason(with, "erd"), "its class \"Child\" is left out: it is physical only");
     EXPECT_EQ(reason(several, "uml"), "its class \"Child\" is left out: it is physical only");
+}
+
+TEST_F(InspectionReasons, OfPairsThatAreLeftOutStandWithTheGeneralization) {
+    ZORClass* first = model.addTable("First");
+    ZORClass* last = model.addTable("Last");
+    ZORGeneralization* shared = model.addGeneralization("shared", {parent}, {first, child, last});
+    ZORForeignKey* key = model.addForeignKey(child, "FK2", {"id"}, parentKey);
+    shared->addForeignKey(key);
+    EXPECT_EQ(reason(shared, "erd"), "as erd:Relationship");
+    EXPECT_EQ(reason(key, "erd"), "as erd:Key");
+    makePhysical(first);
+    makePhysical(last);
+    EXPECT_EQ(reason(shared, "erd"),
+              "as erd:Relationship, but not for \"First\": its class \"First\" is left out: it is physical "
+              "only; not for \"Last\": its class \"Last\" is left out: it is physical only");
+    EXPECT_EQ(reason(shared, "dbm"), "as dbm:ReferentialConstraint");
+    EXPECT_EQ(reason(shared, "uml"),
+              "as uml:Generalization, but not for \"First\": its class \"First\" is left out: it is physical "
+              "only; not for \"Last\": its class \"Last\" is left out: it is physical only");
+    makeLogical(first);
+    EXPECT_EQ(reason(shared, "dbm"),
+              "as dbm:ReferentialConstraint, but not for \"First\": its table \"First\" is left out: it is "
+              "logical only");
+}
+
+TEST_F(InspectionReasons, OfAPairOfSeveralSupertypesNameTheSupertypeToo) {
+    ZORClass* other = model.addTable("");
+    ZORGeneralization* several = model.addGeneralization("several", {parent, other}, {child});
+    makePhysical(other);
+    EXPECT_EQ(
+        reason(several, "uml"),
+        "as uml:Generalization, but not for \"Child\" as a subtype of a class without a name: its class "
+        "is left out: it is physical only");
+}
+
+/// The one that shares the key last decides whether it is written, as the document has it.
+TEST_F(InspectionReasons, OfAKeyThatRelationshipsShareTellThatTheLastDecides) {
+    ZORAssociation* again = model.addRelationship("Again", foreignKey);
+    makePhysical(again);
+    const std::string last =
+        "the relationship \"Again\", the last of those that share it, is left out: it is physical only";
+    EXPECT_EQ(reason(association, "erd"), "as erd:Relationship");
+    EXPECT_EQ(reason(foreignKey, "erd"), last);
+    makeLogical(again);
+    EXPECT_EQ(reason(association, "dbm"), "as dbm:ReferentialConstraint");
+    EXPECT_EQ(reason(foreignKey, "dbm"),
+              "the relationship \"Again\", the last of those that share it, is left out: it is logical only");
+    again->setName("");
+    EXPECT_EQ(reason(foreignKey, "dbm"),
+              "the relationship, the last of those that share it, is left out: it is logical only");
 }
 
 TEST_F(InspectionReasons, OfAnAssociationWithAClassAreThoseOfTheClass) {

@@ -311,6 +311,27 @@ TEST_F(Inspect, TellsWhyInJson) {
 )");
 }
 
+/// A generalization of which one pair is in the database only.
+const std::string PAIRS = R"({"format": "oim-source-model", "version": 1, "model": {"name": "m",
+  "children": [{"kind": "package", "name": "p", "elements": [
+    {"kind": "class", "id": "a", "name": "A"}, {"kind": "class", "id": "b", "name": "B"},
+    {"kind": "class", "id": "c", "name": "C", "designLevel": "physical"},
+    {"kind": "generalization", "name": "g", "parents": ["a"], "children": ["c", "b"]}]}]}})";
+
+TEST_F(Inspect, TellsWhatOfAnObjectIsNotWritten) {
+    scratch.write("pairs.model.json", PAIRS);
+    EXPECT_EQ(
+        report({"pairs.model.json", "--why", "g", "--view", "uml"}),
+        "The generalization p.g is written to the UML view as uml:Generalization, but not for \"C\": its "
+        "class \"C\" is left out: it is physical only.\n");
+    EXPECT_THAT(report({"pairs.model.json", "--why", "g", "--view", "uml", "--format", "json"}), HasSubstr(R"(
+          "element": "uml:Generalization",
+          "exceptions": [
+            "not for \"C\": its class \"C\" is left out: it is physical only"
+          ]
+)"));
+}
+
 TEST_F(Inspect, CallsDatabaseObjectsByTheirOwnWords) {
     EXPECT_EQ(report({"shop.sql", "--why", "expensive", "--view", "uml"}),
               "The view main.expensive is left out of the UML view because the view has no SQL views.\n");
