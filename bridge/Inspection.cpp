@@ -1,5 +1,7 @@
 #include "Inspection.h"
 
+#include <string>
+
 #include "LeavingReasons.h"
 
 namespace {
@@ -15,19 +17,19 @@ ZORString quotedName(const ZORClass* cls) {
     return name.isEmpty() ? ZORString("a class without a name") : "\"" + name + "\"";
 }
 
-/// The text with the name in its place; without a name there is no place either.
-ZORString withName(const char* text, const ZORString& name) {
-    const std::string_view place = " \"{0}\"";
-    const std::string_view whole(text);
-    const std::size_t at = whole.find(place);
-    ZORString filled(whole.substr(0, at));
-    if (at == std::string_view::npos) {
-        return filled;
+/// Puts what it stands for in the place of a mark in the text.
+void replaceMark(std::string& text, std::string_view mark, std::string_view replacement) {
+    if (const std::size_t at = text.find(mark); at != std::string::npos) {
+        text.replace(at, mark.size(), replacement);
     }
-    if (!name.isEmpty()) {
-        filled.append(" \"").append(name.view()).append('"');
-    }
-    return filled.append(whole.substr(at + place.size()));
+}
+
+/// The text with view and name in their places; without a name there is no place either.
+ZORString fill(const char* text, const ZORString& name, MDCSubjectArea area) {
+    std::string filled(text);
+    replaceMark(filled, "{view}", area == UML ? "UML view" : area == ERD ? "ERD view" : "DBM view");
+    replaceMark(filled, " \"{0}\"", name.isEmpty() ? "" : " \"" + std::string(name.view()) + "\"");
+    return ZORString(std::string_view(filled));
 }
 
 }  // namespace
@@ -174,7 +176,7 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
         inCatalogs_.insert(object);
     }
     if (inCatalogs_.contains(owner)) {
-        return {"the view has nothing of what is in a database catalog"};
+        return {"the {view} has nothing of what is in a database catalog"};
     }
     if (const char* missing = findMissingKind(type, area)) {
         return {missing};
@@ -188,12 +190,12 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
         }
     }
     if (area == DBM && object->isInstanceOf(ZOR_TYPE)) {
-        return {!hasDataTypes_           ? "no type set is chosen for the view"
+        return {!hasDataTypes_           ? "no type set is chosen for the {view}"
                 : type == ZOR_ALIAS_TYPE ? "columns are written with the type that it stands for"
-                                         : "no column in the view has it"};
+                                         : "no column in the {view} has it"};
     }
     // For kinds of objects that a model does not have yet.
-    return {"it has no place in the view"};
+    return {"it has no place in the {view}"};
 }
 
 /// That the ERD view has no packages says nothing of what is in them.
@@ -210,8 +212,8 @@ ZORString Inspection::describe(const LeavingReason& reason, MDCSubjectArea area,
     const LeavingReason* step = &reason;
     for (int causes = 0; step != nullptr && causes <= MOST_CAUSES; ++causes) {
         if (step->text != nullptr) {
-            text.append(text.isEmpty() ? "" : ": ")
-                .append(withName(step->text, inGeneral ? ZORString() : nameOf(step->other)).view());
+            const ZORString name = inGeneral ? ZORString() : nameOf(step->other);
+            text.append(text.isEmpty() ? "" : ": ").append(fill(step->text, name, area).view());
             if (inGeneral) {
                 break;
             }

@@ -9,8 +9,8 @@
 
 /// Why an object is not in a subject area.
 struct LeavingReason {
-    /// The second half of a sentence about the object, with "{0}" for the name of another object; null: the
-    /// reason is that of the cause.
+    /// The second half of a sentence about the object, with "{0}" for the name of another object and "{view}"
+    /// for that of the view; null: the reason is that of the cause.
     const char* text = nullptr;
     const ZORObject* other = nullptr;  ///< the one that is named; may be null
     const ZORObject* cause = nullptr;  ///< an object that is left out itself, and therefore this one; or null

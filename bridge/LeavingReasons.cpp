@@ -15,23 +15,23 @@ struct MissingKind {
     const char* dbm;
 };
 
-constexpr const char* NO_VIEWS = "the view has no SQL views";
-constexpr const char* NO_INDEXES = "the view has no indexes";
-constexpr const char* NO_SYNONYMS = "the view has no synonyms";
-constexpr const char* NO_OPERATIONS = "the view has no operations";
-constexpr const char* NO_DEPENDENCIES = "the view has no dependencies";
-constexpr const char* NO_REALIZATIONS = "the view has no realizations";
-constexpr const char* NO_DIAGRAMS = "the view has no diagrams";
-constexpr const char* NO_NOTES = "the view has no notes";
-constexpr const char* NO_VALUES = "the view has no values of data types";
+constexpr const char* NO_VIEWS = "the {view} has no SQL views";
+constexpr const char* NO_INDEXES = "the {view} has no indexes";
+constexpr const char* NO_SYNONYMS = "the {view} has no synonyms";
+constexpr const char* NO_OPERATIONS = "the {view} has no operations";
+constexpr const char* NO_DEPENDENCIES = "the {view} has no dependencies";
+constexpr const char* NO_REALIZATIONS = "the {view} has no realizations";
+constexpr const char* NO_DIAGRAMS = "the {view} has no diagrams";
+constexpr const char* NO_NOTES = "the {view} has no notes";
+constexpr const char* NO_VALUES = "the {view} has no values of data types";
 
 constexpr MissingKind MISSING_KINDS[] = {
-    {ZOR_DATABASE_CATALOG, "the view names no database", "the view names no database",
+    {ZOR_DATABASE_CATALOG, "the {view} names no database", "the {view} names no database",
      "the model is written as the catalog"},
-    {ZOR_DESIGN_PACKAGE, nullptr, "the view has no packages", nullptr},
+    {ZOR_DESIGN_PACKAGE, nullptr, "the {view} has no packages", nullptr},
     {ZOR_SQL_VIEW_ENTITY, NO_VIEWS, NO_VIEWS, nullptr},
-    {ZOR_CANDIDATE_KEY, "the view has no keys", nullptr, nullptr},
-    {ZOR_FOREIGN_KEY, "the view has no keys", nullptr, nullptr},
+    {ZOR_CANDIDATE_KEY, "the {view} has no keys", nullptr, nullptr},
+    {ZOR_FOREIGN_KEY, "the {view} has no keys", nullptr, nullptr},
     {ZOR_INDEX, NO_INDEXES, NO_INDEXES, nullptr},
     {ZOR_SYNONYM, NO_SYNONYMS, NO_SYNONYMS, nullptr},
     {ZOR_OPERATION, nullptr, NO_OPERATIONS, nullptr},
@@ -81,13 +81,13 @@ const char* describePart(ZORElementType owner, MDCSubjectArea area) {
 const char* findPlaceRule(ZORElementType type, ZORElementType owner, MDCSubjectArea area) {
     const bool isOperation = type == ZOR_OPERATION || type == ZOR_STORED_PROCEDURE || type == ZOR_TRIGGER;
     if (area == UML && isOperation && owner == ZOR_DESIGN_PACKAGE) {
-        return "the view has no operations of packages";
+        return "the {view} has no operations of packages";
     }
     if (area == UML && type == ZOR_NOTE) {
-        return "the view has no notes on what it belongs to";
+        return "the {view} has no notes on what it belongs to";
     }
     if (area == ERD && type == ZOR_TYPE_VALUE) {
-        return "only a derived type has its values in the view";
+        return "only a derived type has its values in the {view}";
     }
     if (area == DBM && type == ZOR_STORED_PROCEDURE && owner == ZOR_CLASS) {
         return "procedures of a class of this type are not written";
@@ -96,10 +96,10 @@ const char* findPlaceRule(ZORElementType type, ZORElementType owner, MDCSubjectA
         return "it is neither a procedure nor a trigger of a table";
     }
     if (area != UML && type == ZOR_ARGUMENT && owner == ZOR_CLASS) {
-        return "the view has no template parameters";
+        return "the {view} has no template parameters";
     }
     if (area != UML && type == ZOR_ATTRIBUTE && owner == ZOR_ASSOCIATION_ROLE) {
-        return "the view has no qualifiers";
+        return "the {view} has no qualifiers";
     }
     return nullptr;
 }

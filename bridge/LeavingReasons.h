@@ -2,7 +2,8 @@
 
 #include "MicrosoftSqlServerMdsMdcExport.h"
 
-// Reasons in the form of LeavingReason's text: "{0}" stands for the name of another object.
+// Reasons in the form of LeavingReason's text: "{0}" stands for the name of another object,
+// "{view}" for that of the view.
 
 /// Why a view has nothing for objects of this type; null: it has something.
 const char* findMissingKind(ZORElementType type, MDCSubjectArea area);

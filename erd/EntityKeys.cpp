@@ -62,7 +62,7 @@ bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
         }
         if (isLogical != isExportableERDModelObject(counterpart)) {
             mark = MARK_NOT_EXPORTABLE;
-            return leaveOut(key, ERD, "of its attribute \"{0}\" and the referenced one, only one is logical",
+            return leaveOut(key, ERD, "only one of its attribute \"{0}\" and the referenced one is logical",
                             attribute);
         }
         if (isLogical) {

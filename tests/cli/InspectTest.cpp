@@ -80,12 +80,12 @@ In the UML view:           written    left out
   columns                        5           2
     2: the relationship of the foreign key stands for it
   candidate keys                 0           3
-    3: the view has no keys
+    3: the UML view has no keys
   foreign keys                   0           2
-    2: the view has no keys
+    2: the UML view has no keys
   relationships                  2           0
   views                          0           1
-    1: the view has no SQL views
+    1: the UML view has no SQL views
   view columns                   0           1
     1: its view is left out
   triggers                       0           1
@@ -94,18 +94,18 @@ In the UML view:           written    left out
 
 In the ERD view:           written    left out
   schemas                        0           1
-    1: the view has no packages
+    1: the ERD view has no packages
   tables                         3           0
   columns                        7           0
   candidate keys                 3           0
   foreign keys                   2           0
   relationships                  2           0
   views                          0           1
-    1: the view has no SQL views
+    1: the ERD view has no SQL views
   view columns                   0           1
     1: its view is left out
   triggers                       0           1
-    1: the view has no operations
+    1: the ERD view has no operations
   data types                     5           0
 
 In the DBM view:           written    left out
@@ -142,7 +142,7 @@ By package:
 
 In the ERD view:           written    left out
   packages                       0           1
-    1: the view has no packages
+    1: the ERD view has no packages
   classes                        2           1
     1: it is physical only
   attributes                     2           2
@@ -278,7 +278,7 @@ const WhyCase WHY[] = {
      "The generalization main.is a is left out of the DBM view because no foreign key stands behind it.\n"},
     {"ADataType",
      {"int", "--view", "dbm", "--set", "DBM TypeSet=None"},
-     "The data type int is left out of the DBM view because no type set is chosen for the view.\n"},
+     "The data type int is left out of the DBM view because no type set is chosen for the DBM view.\n"},
     {"TheModel", {"Levels", "--view", "erd"}, "The model Levels is written to the ERD view as erd:Model.\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Asked, InspectWhy, testing::ValuesIn(WHY),
@@ -334,7 +334,7 @@ TEST_F(Inspect, TellsWhatOfAnObjectIsNotWritten) {
 
 TEST_F(Inspect, CallsDatabaseObjectsByTheirOwnWords) {
     EXPECT_EQ(report({"shop.sql", "--why", "expensive", "--view", "uml"}),
-              "The view main.expensive is left out of the UML view because the view has no SQL views.\n");
+              "The view main.expensive is left out of the UML view because the UML view has no SQL views.\n");
     EXPECT_EQ(report({"shop.sql", "--why", "customer.name", "--view", "dbm"}),
               "The column main.customer.name is written to the DBM view as dbm:LogicalColumn.\n");
 }
