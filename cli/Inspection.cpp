@@ -13,7 +13,7 @@ namespace cli {
 
 namespace {
 
-/// The kind under which an object is counted; none for parts that are not counted.
+/// The kind under which an object is counted; none for the model and its catalogs, which stand around it all.
 std::optional<ObjectKind> kindOf(const ZORObject& object) {
     switch (object.getElementType()) {
         case ZOR_DESIGN_PACKAGE:
@@ -23,8 +23,8 @@ std::optional<ObjectKind> kindOf(const ZORObject& object) {
         case ZOR_ATTRIBUTE:
             // The qualifiers of associations belong to no class.
             return static_cast<const ZORAttribute&>(object).getAssociatedClass() == nullptr
-                       ? std::nullopt
-                       : std::optional(ObjectKind::ATTRIBUTE);
+                       ? ObjectKind::QUALIFIER
+                       : ObjectKind::ATTRIBUTE;
         case ZOR_CANDIDATE_KEY:
             return ObjectKind::CANDIDATE_KEY;
         case ZOR_FOREIGN_KEY:
@@ -53,6 +53,16 @@ std::optional<ObjectKind> kindOf(const ZORObject& object) {
             return ObjectKind::SYNONYM;
         case ZOR_DIAGRAM:
             return ObjectKind::DIAGRAM;
+        case ZOR_TYPE_VALUE:
+            return ObjectKind::TYPE_VALUE;
+        case ZOR_INDEX_MEMBER:
+            return ObjectKind::INDEX_COLUMN;
+        case ZOR_ASSOCIATION_ROLE:
+            return ObjectKind::ASSOCIATION_END;
+        case ZOR_ARGUMENT:
+            return ObjectKind::ARGUMENT;
+        case ZOR_NOTE:
+            return ObjectKind::NOTE;
         default:
             return object.isInstanceOf(ZOR_TYPE) ? std::optional(ObjectKind::TYPE) : std::nullopt;
     }
@@ -68,16 +78,6 @@ std::string wordFor(const ZORObject& object, bool databaseWords) {
             return "model";
         case ZOR_DATABASE_CATALOG:
             return "database catalog";
-        case ZOR_ATTRIBUTE:
-            return "qualifier";
-        case ZOR_ASSOCIATION_ROLE:
-            return "association end";
-        case ZOR_ARGUMENT:
-            return "argument";
-        case ZOR_INDEX_MEMBER:
-            return "index column";
-        case ZOR_TYPE_VALUE:
-            return "value";
         default:
             return "object";
     }

@@ -91,6 +91,7 @@ In the UML view:           written    left out
   triggers                       0           1
     1: procedures and triggers belong to the database
   data types                     5           0
+  relationship ends              4           0
 
 In the ERD view:           written    left out
   schemas                        0           1
@@ -107,6 +108,7 @@ In the ERD view:           written    left out
   triggers                       0           1
     1: the ERD view has no operations
   data types                     5           0
+  relationship ends              4           0
 
 In the DBM view:           written    left out
   schemas                        1           0
@@ -119,6 +121,7 @@ In the DBM view:           written    left out
   view columns                   1           0
   triggers                       1           0
   data types                     5           0
+  relationship ends              4           0
 )");
 }
 
@@ -156,6 +159,9 @@ In the ERD view:           written    left out
   generalizations                0           1
     1: no foreign key stands behind it
   data types                     1           0
+  association ends               0           2
+    1: its foreign key is left out
+    1: its relationship is left out
 )");
 }
 
@@ -222,6 +228,41 @@ TEST_F(Inspect, CountsInEachViewWhatWasRead) {
             }
         }
     }
+}
+
+std::uint64_t verdictsOf(const simdjson::dom::element& view, std::string_view kind, std::string_view key) {
+    return std::uint64_t(view["kinds"][kind][key]);
+}
+
+TEST_F(Inspect, CountsDetailsInTheViewsOnly) {
+    const std::string text = report({EXAMPLES_FOLDER "/everything.model.json", "--format", "json"});
+    simdjson::dom::parser parser;
+    const simdjson::dom::element json = parser.parse(text);
+    struct {
+        const char* kind;
+        std::uint64_t inAll;
+        std::vector<std::uint64_t> written;  ///< to the UML, ERD and DBM view
+    } const details[] = {{"typeValues", 3, {0, 3, 0}},      {"indexColumns", 3, {0, 0, 3}},
+                         {"associationEnds", 8, {8, 2, 2}}, {"qualifiers", 1, {1, 0, 0}},
+                         {"arguments", 9, {8, 0, 1}},       {"notes", 3, {2, 0, 0}}};
+    for (const auto& detail : details) {
+        EXPECT_EQ(json["counts"][detail.kind].error(), simdjson::NO_SUCH_FIELD) << detail.kind;
+        for (std::size_t i = 0; i < 3; ++i) {
+            const simdjson::dom::element view = json["views"].at(i);
+            const std::uint64_t written = verdictsOf(view, detail.kind, "written");
+            EXPECT_EQ(written, detail.written[i]) << detail.kind << " in view " << i;
+            EXPECT_EQ(written + verdictsOf(view, detail.kind, "leftOut"), detail.inAll) << detail.kind;
+        }
+    }
+}
+
+TEST_F(Inspect, TellsWhyDetailsAreLeftOut) {
+    const std::string text = report({EXAMPLES_FOLDER "/everything.model.json", "--view", "dbm"});
+    EXPECT_THAT(text, AllOf(HasSubstr("\n  notes                          0           3\n"
+                                      "    3: the DBM view has no notes\n"),
+                            HasSubstr("\n  values of data types           0           3\n"
+                                      "    3: the DBM view has no values of data types\n"),
+                            HasSubstr("\n  index columns                  3           0\n")));
 }
 
 struct WhyCase {
