@@ -238,10 +238,10 @@ struct Answer {
 
 Answer findAsked(const ReadModel& read, const OpenedSource& source, const Arguments& arguments) {
     const bool databaseWords = source.reader->describe().naturalView == "dbm";
-    Answer answer{findNamed(*read.model, arguments.askedName, databaseWords), {}};
-    if (answer.objects.empty()) {
-        answer.unread = findUnread(read, arguments.selection, arguments.askedName);
-    }
+    Answer answer;
+    answer.objects = findNamed(*read.model, arguments.askedName, databaseWords);
+    answer.unread = answer.objects.empty() ? findUnread(read, arguments.selection, arguments.askedName)
+                                           : findUnselected(read, arguments.askedName);
     if (answer.objects.empty() && answer.unread.empty()) {
         throw Failure(ExitCode::WRONG_USE, "--why",
                       fmt::format("nothing that was read is called \"{}\".{}", arguments.askedName,

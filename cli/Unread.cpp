@@ -43,13 +43,16 @@ bool isAboutPattern(const ReaderWarning& warning, const readers::Selection& sele
            holds(selection.excludedTables);
 }
 
+UnreadThing describe(const readers::Unselected& thing) {
+    return {thing.kind, thing.where, "not selected", fmt::format("{} leaves it out", optionFor(thing.by))};
+}
+
 std::vector<UnreadThing> find(const ReadModel& read, const readers::Selection& selection,
                               const AskedName& asked) {
     std::vector<UnreadThing> found;
     for (const readers::Unselected& thing : read.unselected) {
         if (asked.fitsOrIsInside(thing.where)) {
-            found.push_back({thing.kind, thing.where, "not selected",
-                             fmt::format("{} leaves it out", optionFor(thing.by))});
+            found.push_back(describe(thing));
         }
     }
     for (const readers::LossReport::Item& item : read.losses.items()) {
@@ -67,6 +70,17 @@ std::vector<UnreadThing> find(const ReadModel& read, const readers::Selection& s
 }
 
 }  // namespace
+
+std::vector<UnreadThing> findUnselected(const ReadModel& read, const std::string& name) {
+    const AskedName asked(name, false);
+    std::vector<UnreadThing> found;
+    for (const readers::Unselected& thing : read.unselected) {
+        if (asked.fits(thing.where)) {
+            found.push_back(describe(thing));
+        }
+    }
+    return found;
+}
 
 std::vector<UnreadThing> findUnread(const ReadModel& read, const readers::Selection& selection,
                                     const std::string& name) {

@@ -15,8 +15,12 @@ struct UnreadThing {
     std::string reason;   ///< "--table leaves it out"
 };
 
-/// What of a name the selection left out, the model could not hold or the reader warned of. Of a part of a
-/// table that is left out, the table. Letter case counts, unless nothing is called so.
+/// What of a name the selection left out. Letter case counts.
+std::vector<UnreadThing> findUnselected(const ReadModel& read, const std::string& name);
+
+/// What of a name that nothing in the model has was left out by the selection, could not be held by the model
+/// or was warned of by the reader. Of a part of a table that is left out, the table. Letter case counts,
+/// unless nothing is called so.
 std::vector<UnreadThing> findUnread(const ReadModel& read, const readers::Selection& selection,
                                     const std::string& name);
 

@@ -140,7 +140,7 @@ class InspectUnread : public Inspect {
   protected:
     InspectUnread() {
         scratch.write("more.sql", R"(
-            CREATE TABLE p(id INTEGER PRIMARY KEY, n TEXT, c TEXT COLLATE NOCASE);
+            CREATE TABLE p(id INTEGER PRIMARY KEY, n TEXT COLLATE NOCASE, log TEXT);
             CREATE TABLE child(id INTEGER PRIMARY KEY, q INT CONSTRAINT fk_missing REFERENCES missing(x),
                 s TEXT CONSTRAINT ck_s CHECK (s > 'a'), CONSTRAINT fk_n FOREIGN KEY (id) REFERENCES p(id));
             CREATE VIEW names AS SELECT n FROM p;
@@ -191,17 +191,20 @@ const WhyCase UNREAD[] = {
      {"names", "--no-views", "--exclude-table", "names"},
      "The view main.names was not selected: --exclude-table leaves it out.\n"},
     {"ATrigger",
-     {"log", "--no-triggers"},
+     {"child.log", "--no-triggers"},
      "The trigger main.child.log was not selected: --no-triggers leaves it out.\n"},
     {"ATriggerOfATableThatIsLeftOut",
-     {"log", "--table", "p"},
-     "The trigger main.child.log was not selected: --table leaves it out.\n"},
+     {"child.log", "--exclude-table", "child"},
+     "The table main.child was not selected: --exclude-table leaves it out.\n"
+     "The trigger main.child.log was not selected: --exclude-table leaves it out.\n"},
     {"ATableOfASchema",
      {"child", "--exclude-schema", "main", "--allow-empty"},
      "The table main.child was not selected: --exclude-schema leaves it out.\n"},
-    {"NothingWhereTheModelHasTheName",
-     {"c", "--table", "p"},
-     "The column main.p.c is written to the ERD view as erd:Attribute.\n"},
+    {"WhatIsNotSelectedBesideWhatIsReadOfTheName",
+     {"log", "--no-triggers"},
+     "The column main.p.log is written to the ERD view as erd:Attribute.\n"
+     "The trigger main.child.log was not selected: --no-triggers leaves it out.\n"},
+    {"NoLossOfWhatIsRead", {"p.n"}, "The column main.p.n is written to the ERD view as erd:Attribute.\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Asked, InspectUnreadThing, testing::ValuesIn(UNREAD),
                          [](const testing::TestParamInfo<WhyCase>& why) { return why.param.name; });
