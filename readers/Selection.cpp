@@ -26,9 +26,11 @@ std::size_t countLiterals(std::string_view pattern) {
     }));
 }
 
+enum class Decision { WANTED, NOT_INCLUDED, EXCLUDED };
+
 /// Lets every pattern that fits mark itself, and the most specific one decide. `fits` tells of one pattern.
 template <typename Patterns, typename Fits>
-bool decide(Patterns& patterns, const Fits& fits) {
+Decision decide(Patterns& patterns, const Fits& fits) {
     bool anyIncludes = false;
     const typename Patterns::value_type* decisive = nullptr;
     for (auto& pattern : patterns) {
@@ -43,7 +45,22 @@ bool decide(Patterns& patterns, const Fits& fits) {
             decisive = &pattern;
         }
     }
-    return decisive == nullptr ? !anyIncludes : !decisive->excludes;
+    if (decisive == nullptr) {
+        return anyIncludes ? Decision::NOT_INCLUDED : Decision::WANTED;
+    }
+    return decisive->excludes ? Decision::EXCLUDED : Decision::WANTED;
+}
+
+std::optional<SelectionPart> partFor(Decision decision, SelectionPart inclusions, SelectionPart exclusions) {
+    switch (decision) {
+        case Decision::NOT_INCLUDED:
+            return inclusions;
+        case Decision::EXCLUDED:
+            return exclusions;
+        case Decision::WANTED:
+            break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -100,21 +117,24 @@ std::string SelectionMatcher::comparedForm(std::string_view text) const {
     return form;
 }
 
-bool SelectionMatcher::wantsSchema(std::string_view schema) {
+std::optional<SelectionPart> SelectionMatcher::findSchemaRefusal(std::string_view schema) {
     const std::string name = comparedForm(schema);
-    return decide(schemas_, [&](const Pattern& pattern) { return matchesPattern(pattern.compared, name); });
+    const Decision decision =
+        decide(schemas_, [&](const Pattern& pattern) { return matchesPattern(pattern.compared, name); });
+    return partFor(decision, SelectionPart::SCHEMAS, SelectionPart::EXCLUDED_SCHEMAS);
 }
 
-bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view table) {
-    if (!wantsSchema(schema)) {
-        return false;
+std::optional<SelectionPart> SelectionMatcher::findRefusal(std::string_view schema, std::string_view table) {
+    if (const std::optional<SelectionPart> refusal = findSchemaRefusal(schema)) {
+        return refusal;
     }
     const std::string name = comparedForm(table);
     const std::string qualified = comparedForm(schema) + '.' + name;
-    return decide(tables_, [&](const Pattern& pattern) {
+    const Decision decision = decide(tables_, [&](const Pattern& pattern) {
         return matchesPattern(pattern.compared, name) ||
                (pattern.hasDot && matchesPattern(pattern.compared, qualified));
     });
+    return partFor(decision, SelectionPart::TABLES, SelectionPart::EXCLUDED_TABLES);
 }
 
 std::vector<std::string> SelectionMatcher::unmatchedPatterns() const {
