@@ -158,7 +158,10 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
 
 void DocumentCheck::Parser::onEnd(void* context, const xmlChar* /*name*/, const xmlChar* /*prefix*/,
                                   const xmlChar* /*uri*/) {
-    self(context).guard([](Parser& parser) { parser.end(); });
+    self(context).guard([](Parser& parser) {
+        parser.startOfTag_.reset();
+        parser.end();
+    });
 }
 
 void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int length) {

@@ -34,9 +34,12 @@ class DocumentCheck::Parser {
     /// An element that is open.
     struct Open {
         std::uint16_t tag;
+        std::uint16_t rule;  ///< OimGrammar::UNKNOWN where nothing can be said of what it holds
         bool isLink;
-        bool textTold;
-        std::uint16_t inSequence;  ///< how many of the children that must stand in it were there
+        bool textTold = false;
+        bool isEmpty = true;
+        std::uint32_t met = 0;     ///< of the rule's children, those that were there
+        std::uint32_t missed = 0;  ///< and those that were told to be missing
     };
 
     static Parser& self(void* context) { return *static_cast<Parser*>(context); }
@@ -96,15 +99,18 @@ class DocumentCheck::Parser {
     void start(std::string_view name, const std::vector<Attribute>& attributes);
     void end();
     void checkPrefix(std::string_view prefix, bool isDeclared);
-    void checkObject(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
-    void checkRequired(std::string_view name, std::uint16_t tag, const std::vector<Attribute>& attributes);
-    void checkSequence(const ElementRule& parent, std::uint16_t tag);
-    void checkPlace(std::string_view name, std::uint16_t tag, bool isLink);
+    void checkObject(std::string_view name, std::uint16_t tag, std::uint16_t rule,
+                     const std::vector<Attribute>& attributes);
+    void checkRequired(const ElementRule& rule, const std::vector<Attribute>& attributes);
+    /// The rule of the element that starts.
+    std::uint16_t checkPlace(std::string_view name, std::uint16_t tag, bool isLink);
+    void checkChild(std::size_t place);
+    void checkComplete(const Open& ended);
     void checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id, bool isPresent);
     void checkReference(std::string_view name, std::uint16_t tag, const Attribute& href,
                         const std::vector<Attribute>& attributes);
-    void checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
-                        std::string_view value);
+    void checkAttribute(const ElementRule& rule, std::string_view name, std::string_view value);
+    std::string describeLoose(const Identifiers::Reference& reference, std::uint16_t target) const;
     void tellLooseReferences();
 
     const OimGrammar& grammar_ = OimGrammar::instance();

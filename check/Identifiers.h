@@ -19,7 +19,7 @@ class Identifiers {
     struct Reference {
         int id;
         std::uint16_t tag;     ///< of the reference
-        std::uint16_t holder;  ///< the element that it stands in
+        std::uint16_t holder;  ///< the rule of the element that it stands in
         Place place;           ///< where it was met first
     };
 

@@ -23,8 +23,11 @@ std::string documentWith(const std::string& content) {
            "<oim:Transfer\nxmlns:oim=\"http://www.mdcinfo.com/oim/oim.dtd\"\n"
            "xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\"\n>\n"
            "<oim:TransferHeader Exporter=\"e\" ExporterVersion=\"1\" TransferDateTime=\"now\"/>\n"
-           "<uml:Subsystem name=\"S\" oim:id=\"_1\">\n<uml:NamespaceOwnedElement>\n" +
-           content + "</uml:NamespaceOwnedElement>\n</uml:Subsystem>\n</oim:Transfer>\n";
+           "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement><uml:Model oim:id=\"_10\">\n"
+           "<uml:NamespaceOwnedElement><uml:Package oim:id=\"_11\" name=\"p\"><uml:NamespaceOwnedElement>\n" +
+           content +
+           "</uml:NamespaceOwnedElement></uml:Package></uml:NamespaceOwnedElement></uml:Model>\n"
+           "</uml:NamespaceOwnedElement></uml:Subsystem>\n</oim:Transfer>\n";
 }
 
 const std::string BAD_CONTENT = "<uml:Package oim:id=\"_1\" name=\"p\"/>\n<uml:Packet oim:id=\"_2\"/>\n";
@@ -36,7 +39,8 @@ const std::string LOOSE_CONTENT =
     "<uml:Attribute oim:id=\"_4\" name=\"a\" ownerScope=\"instance\" "
     "visibility=\"PublicAccess\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_8\"/>\n"
     "</uml:StructuralFeatureType></uml:Attribute>\n"
-    "</uml:ClassifierFeature></uml:Class>\n";
+    "</uml:ClassifierFeature><uml:ModelElementTaggedValue><uml:TaggedValue oim:id=\"_5\" "
+    "name=\"persistence\" value=\"transient\"/></uml:ModelElementTaggedValue></uml:Class>\n";
 const std::string CLASS_AS_TYPE =
     " leads nowhere (a class that is used as a type is referred to by the type, which has no element)";
 
