@@ -172,7 +172,7 @@ void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int lengt
             return;
         }
         parser.open_.back().textTold = true;
-        parser.tell(Finding::Severity::ERROR, parser.place(),
+        parser.tell(parser.place(),
                     "text between elements, which the OIM encoding has not: " + quoted(characters));
     });
 }
@@ -263,7 +263,7 @@ void DocumentCheck::Parser::checkEncoding() {
         tellInAnyCase({1, 1}, "the document is in " + encodingName() + ", not in UTF-8");
     }
     if (!rootSeen_) {
-        tell(Finding::Severity::ERROR, {1, 1}, "there is no element");
+        tell({1, 1}, "there is no element");
     }
 }
 

@@ -14,11 +14,13 @@ struct Finding {
         NOTE  ///< worth knowing, and no fault of the document
     };
     Severity severity;
-    int line;    ///< counted from 1
-    int column;  ///< counted from 1
+    int line = 1;    ///< counted from 1
+    int column = 1;  ///< counted from 1
     std::string text;
     /// Of a note, why what it tells is no fault: the same words for notes of one kind.
-    std::string explanation;
+    std::string explanation = {};
+    /// In how many places it is so; this is the first one. Counted as so many errors or notes.
+    std::uint64_t places = 1;
 };
 
 /// What a document holds, and how many findings there were, errors that were not told included.

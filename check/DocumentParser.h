@@ -73,10 +73,8 @@ class DocumentCheck::Parser {
     /// Where the tag that is being reported begins; the parser itself stands at its end.
     const Identifiers::Place& startOfTag();
     Identifiers::Place findStartOfTag() const;
-    void tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-              std::string_view explanation = {});
-    void deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
-                 std::string_view explanation) const;
+    void tell(Identifiers::Place at, std::string text);
+    void deliver(Finding finding, Identifiers::Place at) const;
     /// An error that is delivered however many came before it.
     void tellInAnyCase(Identifiers::Place at, std::string text);
     /// The error that ends the check: it is delivered in any case, and nothing is taken from the parser after
@@ -89,7 +87,7 @@ class DocumentCheck::Parser {
         if (summary_.errors >= most_) {
             ++summary_.errors;
         } else {
-            tell(Finding::Severity::ERROR, startOfTag(), makeText());
+            tell(startOfTag(), makeText());
         }
     }
 
@@ -112,6 +110,7 @@ class DocumentCheck::Parser {
     void checkAttribute(const ElementRule& rule, std::string_view name, std::string_view value);
     std::string describeLoose(const Identifiers::Reference& reference, std::uint16_t target) const;
     void tellLooseReferences();
+    void tellLoose(const Identifiers::Reference& reference, std::uint16_t target);
 
     const OimGrammar& grammar_ = OimGrammar::instance();
     Receiver receiver_;

@@ -261,15 +261,27 @@ std::string DocumentCheck::Parser::describeLoose(const Identifiers::Reference& r
 
 void DocumentCheck::Parser::tellLooseReferences() {
     identifiers_.forEachLoose(NOWHERE, [this](const Identifiers::Reference& reference, std::uint16_t target) {
-        std::string_view explanation;
-        if (reference.holder != OimGrammar::UNKNOWN && target != OTHER) {
-            explanation = explainLooseReference(
-                grammar_[reference.holder].name, grammar_.nameOf(reference.tag),
-                target == NOWHERE ? std::string_view() : std::string_view(grammar_.nameOf(target)));
-        }
-        tell(explanation.empty() ? Finding::Severity::ERROR : Finding::Severity::NOTE, reference.place,
-             describeLoose(reference, target), explanation);
+        tellLoose(reference, target);
     });
+}
+
+void DocumentCheck::Parser::tellLoose(const Identifiers::Reference& reference, std::uint16_t target) {
+    std::string_view explanation;
+    if (reference.holder != OimGrammar::UNKNOWN && target != OTHER) {
+        explanation = explainLooseReference(
+            grammar_[reference.holder].name, grammar_.nameOf(reference.tag),
+            target == NOWHERE ? std::string_view() : std::string_view(grammar_.nameOf(target)));
+    }
+    const bool isError = explanation.empty();
+    const bool isDelivered = !isError || summary_.errors < most_;
+    (isError ? summary_.errors : summary_.notes) += reference.count;
+    if (isDelivered) {
+        deliver({.severity = isError ? Finding::Severity::ERROR : Finding::Severity::NOTE,
+                 .text = describeLoose(reference, target),
+                 .explanation = std::string(explanation),
+                 .places = reference.count},
+                reference.place);
+    }
 }
 
 }  // namespace oimcheck

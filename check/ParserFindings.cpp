@@ -63,13 +63,9 @@ Identifiers::Place DocumentCheck::Parser::findStartOfTag() const {
     return {line, charactersFrom(lineStart, start) + 1};
 }
 
-void DocumentCheck::Parser::tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                 std::string_view explanation) {
-    const bool isError = severity == Finding::Severity::ERROR;
-    std::uint64_t& count = isError ? summary_.errors : summary_.notes;
-    ++count;
-    if (!isError || count <= most_) {
-        deliver(severity, at, std::move(text), explanation);
+void DocumentCheck::Parser::tell(Identifiers::Place at, std::string text) {
+    if (summary_.errors++ < most_) {
+        deliver({.severity = Finding::Severity::ERROR, .text = std::move(text)}, at);
     }
 }
 
@@ -80,13 +76,13 @@ void DocumentCheck::Parser::tellLast(Identifiers::Place at, std::string text) {
 
 void DocumentCheck::Parser::tellInAnyCase(Identifiers::Place at, std::string text) {
     ++summary_.errors;
-    deliver(Finding::Severity::ERROR, at, std::move(text), {});
+    deliver({.severity = Finding::Severity::ERROR, .text = std::move(text)}, at);
 }
 
-void DocumentCheck::Parser::deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                    std::string_view explanation) const {
-    receiver_(
-        {severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text), std::string(explanation)});
+void DocumentCheck::Parser::deliver(Finding finding, Identifiers::Place at) const {
+    finding.line = std::max(at.line, 1);
+    finding.column = std::max(at.column, 1);
+    receiver_(finding);
 }
 
 }  // namespace oimcheck

@@ -26,7 +26,8 @@ inline Result check(const std::string& document, std::size_t step = 1 << 20, std
             const char* word = finding.severity == Finding::Severity::ERROR ? "error " : "note ";
             result.findings.push_back(word + std::to_string(finding.line) + ":" +
                                       std::to_string(finding.column) + " " + finding.text +
-                                      (finding.explanation.empty() ? "" : "; " + finding.explanation));
+                                      (finding.explanation.empty() ? "" : "; " + finding.explanation) +
+                                      (finding.places == 1 ? "" : "; x" + std::to_string(finding.places)));
         },
         most);
     for (std::size_t at = 0; at < document.size(); at += step) {

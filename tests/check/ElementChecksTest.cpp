@@ -273,6 +273,23 @@ INSTANTIATE_TEST_SUITE_P(
             "the reference to _2 in \"erd:ChildRoleEntity\" leads to \"erd:Model\", not to \"erd:Entity\""}),
     [](const auto& row) { return wordOf(row.param.description); });
 
+TEST(ElementChecks, TellsALooseReferenceOnceAndCountsItInEveryPlace) {
+    const std::string loose =
+        "<uml:ModelElementStereotype><uml:Stereotype oim:href=\"#_9\"/></uml:ModelElementStereotype>";
+    const std::string asType = makeAttribute(12, "<uml:Class oim:href=\"#_8\"/>");
+    const std::string document =
+        packaged(makeClass(2, loose) + makeClass(3, loose) + makeClass(4, loose) +
+                 makeClass(5, makeAttribute(11, "<uml:Class oim:href=\"#_8\"/>")) + makeClass(6, asType));
+    const Result result = check(document);
+    EXPECT_THAT(
+        result.findings,
+        ElementsAre("error 6:87 the reference to _9 in \"uml:ModelElementStereotype\" leads nowhere; x3",
+                    testing::AllOf(testing::StartsWith("note "), testing::EndsWith("no element; x2"))));
+    EXPECT_EQ(result.summary.errors, 3U);
+    EXPECT_EQ(result.summary.notes, 2U);
+    EXPECT_EQ(check(document, 1 << 20, 0).summary.errors, 3U);
+}
+
 TEST(ElementChecks, LeavesOutAnUnknownElementThatALooseReferenceStandsIn) {
     const Result result = check(packaged("<uml:Clas oim:id=\"_2\"><uml:Class oim:href=\"#_9\"/></uml:Clas>"));
     EXPECT_THAT(result.findings, ElementsAre("error 6:1 unknown element \"uml:Clas\"",

@@ -23,8 +23,9 @@ std::string documentWith(const std::string& content) {
            "<oim:Transfer\nxmlns:oim=\"http://www.mdcinfo.com/oim/oim.dtd\"\n"
            "xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\"\n>\n"
            "<oim:TransferHeader Exporter=\"e\" ExporterVersion=\"1\" TransferDateTime=\"now\"/>\n"
-           "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement><uml:Model oim:id=\"_10\">\n"
-           "<uml:NamespaceOwnedElement><uml:Package oim:id=\"_11\" name=\"p\"><uml:NamespaceOwnedElement>\n" +
+           "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement><uml:Model oim:id=\"_1001\">\n"
+           "<uml:NamespaceOwnedElement><uml:Package oim:id=\"_1002\" "
+           "name=\"p\"><uml:NamespaceOwnedElement>\n" +
            content +
            "</uml:NamespaceOwnedElement></uml:Package></uml:NamespaceOwnedElement></uml:Model>\n"
            "</uml:NamespaceOwnedElement></uml:Subsystem>\n</oim:Transfer>\n";
@@ -68,7 +69,7 @@ TEST_F(Check, TellsErrorsAndExitsWith1) {
     EXPECT_EQ(result.err,
               "oimbridge: error: bad.xml: line 9, column 1: the identifier \"_1\" was given before\n"
               "oimbridge: error: bad.xml: line 10, column 1: unknown element \"uml:Packet\"\n");
-    EXPECT_EQ(result.out, "bad.xml: 2 errors in 6 elements, 3 objects and 0 references; 417 bytes\n");
+    EXPECT_EQ(result.out, "bad.xml: 2 errors in 10 elements, 5 objects and 0 references; 616 bytes\n");
     const Result quiet = run(scratch, {"check", "bad.xml", "-q"});
     EXPECT_EQ(quiet.exitCode, 1);
     EXPECT_EQ(quiet.err, result.err);
@@ -92,6 +93,22 @@ TEST_F(Check, TellsTheFirstNoteOfAKindUnlessItIsVerbose) {
                   CLASS_AS_TYPE + "\n");
 }
 
+TEST_F(Check, TellsHowManyPlacesAnErrorIsIn) {
+    std::string content;
+    for (int i = 2; i < 5; ++i) {
+        content += "<uml:Package oim:id=\"_" + std::to_string(i) +
+                   "\" name=\"p\"><uml:ModelElementStereotype>\n<uml:Stereotype oim:href=\"#_9\"/>"
+                   "</uml:ModelElementStereotype></uml:Package>\n";
+    }
+    scratch.write("bad.xml", documentWith(content));
+    const Result result = run(scratch, {"check", "bad.xml"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err,
+              "oimbridge: error: bad.xml: line 10, column 1: the reference to _9 in "
+              "\"uml:ModelElementStereotype\" leads nowhere; so it is in 2 other places\n");
+    EXPECT_THAT(result.out, StartsWith("bad.xml: 3 errors in "));
+}
+
 TEST_F(Check, ReadsStandardInput) {
     const Result result =
         run(scratch, Setting{.arguments = {"check", "-"}, .input = documentWith(BAD_CONTENT)});
@@ -110,9 +127,9 @@ TEST_F(Check, TellsProgramsWhatItFinds) {
         R"({"level":"error","subject":"standard input","where":"line 9, column 1","id":"",)"
         R"("text":"unknown element \"uml:Packet\"","hint":"","data":{"line":9,"column":1}})"
         "\n"
-        R"({"level":"note","subject":"standard input","where":"","id":"","text":"1 error in 5 elements, )"
-        R"(2 objects and 0 references; 381 bytes","hint":"","data":{"document":"standard input",)"
-        R"("errors":1,"notes":0,"elements":5,"objects":2,"references":0,"bytes":381}})"
+        R"({"level":"note","subject":"standard input","where":"","id":"","text":"1 error in 9 elements, )"
+        R"(4 objects and 0 references; 580 bytes","hint":"","data":{"document":"standard input",)"
+        R"("errors":1,"notes":0,"elements":9,"objects":4,"references":0,"bytes":580}})"
         "\n");
 }
 
@@ -199,7 +216,7 @@ TEST_F(Check, OfAnExportTellsErrorsAndKeepsTheDocument) {
                 HasSubstr("oimbridge: error: out.xml: line 1, column 1: the prefix \"oim\" is used without a "
                           "namespace\n"));
     EXPECT_THAT(result.err,
-                EndsWith("oimbridge: note: out.xml: checked: 4 errors in 1 element, 0 objects and 0 "
+                EndsWith("oimbridge: note: out.xml: checked: 5 errors in 1 element, 0 objects and 0 "
                          "references; 16 bytes\n"));
     EXPECT_EQ(scratch.read("out.xml"), "<oim:Transfer/>\n");
     const std::vector<std::string> unchecked = {"export", "shop.sql", "out.xml", "--overwrite"};
