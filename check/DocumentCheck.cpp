@@ -31,7 +31,7 @@ bool equalsIgnoringCase(std::string_view text, std::string_view small) {
 }
 
 bool isBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    return text.find_first_not_of(BLANKS) == std::string_view::npos;
 }
 
 }  // namespace
@@ -172,7 +172,7 @@ void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int lengt
             return;
         }
         parser.open_.back().textTold = true;
-        parser.tell(parser.place(),
+        parser.tell(parser.startOfText(characters),
                     "text between elements, which the OIM encoding has not: " + quoted(characters));
     });
 }

@@ -72,7 +72,10 @@ class DocumentCheck::Parser {
     Identifiers::Place place() const;
     /// Where the tag that is being reported begins; the parser itself stands at its end.
     const Identifiers::Place& startOfTag();
-    Identifiers::Place findStartOfTag() const;
+    Identifiers::Place findStart(char first) const;
+    Identifiers::Place placeOf(const char* byte) const;
+    /// Of the first character in it that is not blank.
+    Identifiers::Place startOfText(std::string_view text) const;
     void tell(Identifiers::Place at, std::string text);
     void deliver(Finding finding, Identifiers::Place at) const;
     /// An error that is delivered however many came before it.
@@ -129,6 +132,8 @@ class DocumentCheck::Parser {
     std::vector<std::string> undeclaredPrefixes_;  // that were told
     std::string start_;                            // of the document: the bytes that tell the encoding
 };
+
+constexpr std::string_view BLANKS = " \t\r\n";
 
 /// The text between quotation marks, shortened when it is long.
 std::string quoted(std::string_view text);

@@ -21,6 +21,37 @@ TEST(DocumentCheck, TellsWhereTheTagOfAFaultBegins) {
                 ElementsAre("error 6:37 unknown attribute \"colour\" of \"uml:Package\""));
 }
 
+struct Text {
+    const char* description;
+    const char* content;
+    const char* expected;
+};
+
+class DocumentCheckPlacesText : public testing::TestWithParam<Text> {};
+
+TEST_P(DocumentCheckPlacesText, WhereItBegins) {
+    const std::string document = packaged("<uml:Package oim:id=\"_2\" name=\"p\">\n" +
+                                          std::string(GetParam().content) + "</uml:Package>");
+    for (const std::size_t step : {std::size_t{1}, std::size_t{7}, document.size()}) {
+        const Result result = check(document, step);
+        ASSERT_EQ(result.findings.size(), 1U) << testing::PrintToString(result.findings);
+        EXPECT_THAT(result.findings[0], testing::StartsWith(GetParam().expected)) << step;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DocumentCheckPlacesText,
+                         testing::Values(Text{"one line", "hello", "error 7:1 text"},
+                                         Text{"behind blanks", "  hello\n\n  ", "error 7:3 text"},
+                                         Text{"behind lines", "\n \n\thello\nworld\n", "error 9:2 text"},
+                                         Text{"on several lines", "hello\nworld", "error 7:1 text"},
+                                         Text{"with other letters", "  \u00e4h\nhello", "error 7:3 text"},
+                                         Text{"behind a comment", "<!-- a\n -->  hello", "error 8:7 text"},
+                                         Text{"behind an element", " <uml:NamespaceOwnedElement/>\n hello",
+                                              "error 8:2 text"},
+                                         Text{"a reference", "  &amp;\n ", "error 7:3 text"},
+                                         Text{"a section", "<![CDATA[\n  hello\n\n]]>", "error 8:3 text"}),
+                         [](const auto& row) { return wordOf(row.param.description); });
+
 TEST(DocumentCheck, ShortensWhatItQuotesBetweenCharacters) {
     std::string name = "a";
     for (int i = 0; i < 100; ++i) {
