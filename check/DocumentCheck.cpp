@@ -16,15 +16,6 @@ constexpr std::size_t LONGEST_MARK = 2;
 constexpr std::size_t STEP = std::size_t{1} << 20U;
 constexpr std::size_t LONGEST_PORTION = std::size_t{1} << 29U;
 
-std::string_view view(const xmlChar* text) {
-    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
-}
-
-/// A name as it is written.
-std::string join(std::string_view prefix, std::string_view name) {
-    return prefix.empty() ? std::string(name) : std::string(prefix).append(":").append(name);
-}
-
 bool equalsIgnoringCase(std::string_view text, std::string_view small) {
     return std::equal(text.begin(), text.end(), small.begin(), small.end(),
                       [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b); });
@@ -102,6 +93,7 @@ Summary DocumentCheck::Parser::finish() {
         push();
     }
     if (!stopped_) {
+        isClosing_ = true;
         parse({}, true);
     }
     if (!stopped_) {
@@ -134,6 +126,9 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
                                     const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
                                     int attributeCount, int /*defaultedCount*/, const xmlChar** attributes) {
     self(context).guard([&](Parser& parser) {
+        if (parser.isClosing_ && parser.unread() == 0) {
+            return;  // half a tag; what is told next is that the document was cut off
+        }
         parser.startOfTag_.reset();
         const std::string tag = join(view(prefix), view(name));
         if (!parser.checkRoot(tag)) {
@@ -222,28 +217,6 @@ void DocumentCheck::Parser::takeError(const xmlError& error) {
         at = {error.line, error.int2};
     }
     tellLast(at, "not well-formed: " + describe(error));
-}
-
-std::string DocumentCheck::Parser::describe(const xmlError& error) const {
-    if (error.code == XML_ERR_DOCUMENT_END && !open_.empty()) {
-        return "the document ends before its elements do";
-    }
-    if (summary_.bytes == 0) {
-        return "there is nothing in the document";
-    }
-    if (error.code == XML_ERR_DOCUMENT_EMPTY) {
-        return "this is no XML";
-    }
-    if (error.domain == XML_FROM_I18N || error.code == XML_IO_ENCODER) {
-        // The bytes are converted ahead of being read.
-        return "behind this place there are bytes that are no text in the document's encoding, which is " +
-               encodingName();
-    }
-    std::string text = error.message == nullptr ? "unknown error" : error.message;
-    while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
-        text.pop_back();
-    }
-    return text;
 }
 
 bool DocumentCheck::Parser::isWide() const {

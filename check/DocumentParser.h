@@ -62,11 +62,16 @@ class DocumentCheck::Parser {
     void push();
     void parse(std::string_view bytes, bool isEnd);
     void takeError(const xmlError& error);
-    std::string describe(const xmlError& error) const;
     bool isWide() const;
     std::string encodingName() const;
     void checkEncoding();
     void stop();
+
+    // Its errors in words (ParserErrors.cpp)
+    std::string describe(const xmlError& error) const;
+    bool isCutOff(const xmlError& error) const;
+    std::string describeEnd() const;
+    std::string describeMismatch(const xmlError& error) const;
 
     // What is told, and where (ParserFindings.cpp)
     Identifiers::Place place() const;
@@ -127,11 +132,22 @@ class DocumentCheck::Parser {
     std::optional<Identifiers::Place> startOfTag_;  // once it was asked for
     bool stopped_ = false;
     bool rootSeen_ = false;
+    bool isClosing_ = false;  // all bytes have come
     std::exception_ptr failure_;
     std::string held_;                             // bytes that the parser has yet to get
     std::vector<std::string> undeclaredPrefixes_;  // that were told
     std::string start_;                            // of the document: the bytes that tell the encoding
 };
+
+/// libxml2's text; empty for null.
+inline std::string_view view(const xmlChar* text) {
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+}
+
+/// A name as it is written.
+inline std::string join(std::string_view prefix, std::string_view name) {
+    return prefix.empty() ? std::string(name) : std::string(prefix).append(":").append(name);
+}
 
 constexpr std::string_view BLANKS = " \t\r\n";
 

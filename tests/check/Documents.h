@@ -47,6 +47,11 @@ inline const std::string ROOT =
 inline const std::string HEADER =
     "<oim:TransferHeader Exporter=\"e\" ExporterVersion=\"1\" TransferDateTime=\"now\"/>\n";
 
+inline const std::string DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n";
+inline const std::string SUBSYSTEM =
+    "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement><uml:Model oim:id=\"_2\"/>"
+    "</uml:NamespaceOwnedElement></uml:Subsystem>\n";
+
 /// A document with the content in place of a view, and in line 6.
 inline std::string frame(const std::string& content, const std::string& before = {},
                          const std::string& after = {}) {
