@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DocumentParser.h"
+#include "ParserLibrary.h"
 #include "StrayErrors.h"
 
 namespace oimcheck {
@@ -36,17 +37,15 @@ DocumentCheck::Parser::Parser(Receiver receiver, std::uint64_t most)
     handler_.cdataBlock = onText;
     handler_.internalSubset = onDocumentType;
     handler_.serror = onError;
-    context_ = xmlCreatePushParserCtxt(&handler_, this, nullptr, 0, nullptr);
+    const StrayErrors strayErrors(onStrayError, this);
+    context_.reset(xmlCreatePushParserCtxt(&handler_, this, nullptr, 0, nullptr));
+    throwIfMemoryWasRefused();
     if (context_ == nullptr) {
         throw std::bad_alloc();
     }
     // "Huge" lifts the parser's own bounds on nesting and on the length of a value, which large models
     // exceed.
-    xmlCtxtUseOptions(context_, XML_PARSE_NONET | XML_PARSE_HUGE);
-}
-
-DocumentCheck::Parser::~Parser() {
-    xmlFreeParserCtxt(context_);
+    xmlCtxtUseOptions(context_.get(), XML_PARSE_NONET | XML_PARSE_HUGE);
 }
 
 bool DocumentCheck::Parser::feed(const char* bytes, std::size_t count) {
@@ -80,9 +79,10 @@ void DocumentCheck::Parser::push() {
 void DocumentCheck::Parser::parse(std::string_view bytes, bool isEnd) {
     {
         const StrayErrors strayErrors(onStrayError, this);
-        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
+        xmlParseChunk(context_.get(), bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
     }
     rethrow();
+    throwIfMemoryWasRefused();
     if (!stopped_ && context_->disableSAX != 0) {
         tellLast(place(), "not well-formed: the parser gave up");
     }
@@ -109,6 +109,7 @@ void DocumentCheck::Parser::guard(const Work& work) {
         return;
     }
     try {
+        throwIfMemoryWasRefused();
         work(*this);
     } catch (...) {
         failure_ = std::current_exception();
@@ -198,6 +199,7 @@ void DocumentCheck::Parser::onStrayError(void* context, xmlErrorPtr error) {
         return;
     }
     try {
+        throwIfMemoryWasRefused();
         parser.takeError(*error);
     } catch (...) {
         parser.failure_ = std::current_exception();
@@ -242,7 +244,7 @@ void DocumentCheck::Parser::checkEncoding() {
 
 void DocumentCheck::Parser::stop() {
     stopped_ = true;
-    xmlStopParser(context_);
+    xmlStopParser(context_.get());
 }
 
 DocumentCheck::DocumentCheck(Receiver receiver, std::uint64_t most)

@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 
 #include <exception>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,6 @@ namespace oimcheck {
 class DocumentCheck::Parser {
   public:
     Parser(Receiver receiver, std::uint64_t most);
-    ~Parser();
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
@@ -128,7 +128,7 @@ class DocumentCheck::Parser {
     std::vector<Open> open_;
     std::vector<Attribute> attributes_;  // of the element that starts; kept for its memory
     xmlSAXHandler handler_{};
-    xmlParserCtxtPtr context_ = nullptr;
+    std::unique_ptr<xmlParserCtxt, void (*)(xmlParserCtxtPtr)> context_{nullptr, xmlFreeParserCtxt};
     std::optional<Identifiers::Place> startOfTag_;  // once it was asked for
     bool stopped_ = false;
     bool rootSeen_ = false;

@@ -32,7 +32,7 @@ std::string quoted(std::string_view text) {
 }
 
 Identifiers::Place DocumentCheck::Parser::place() const {
-    return {xmlSAX2GetLineNumber(context_), xmlSAX2GetColumnNumber(context_)};
+    return {xmlSAX2GetLineNumber(context_.get()), xmlSAX2GetColumnNumber(context_.get())};
 }
 
 const Identifiers::Place& DocumentCheck::Parser::startOfTag() {
