@@ -34,8 +34,10 @@ struct Summary {
 };
 
 /// Checks a document as it comes: whether it is well-formed and UTF-8, in the OIM encoding, made of known
-/// elements and attributes with permitted values, with identifiers given once and references that lead to an
-/// element of their own tag. Memory grows with the number of identifiers, not with the size of the document.
+/// elements and attributes with permitted values, each in its place and with what it always has, with
+/// identifiers given once and references that lead to an element of their own tag. Memory grows with the
+/// number of identifiers, not with the size of the document; where it does not suffice, std::bad_alloc is
+/// thrown.
 class DocumentCheck {
   public:
     using Receiver = std::function<void(const Finding&)>;
