@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DocumentParser.h"
+#include "ParserLibrary.h"
 #include "StrayErrors.h"
 
 namespace oimcheck {
@@ -16,22 +17,13 @@ constexpr std::size_t LONGEST_MARK = 2;
 constexpr std::size_t STEP = std::size_t{1} << 20U;
 constexpr std::size_t LONGEST_PORTION = std::size_t{1} << 29U;
 
-std::string_view view(const xmlChar* text) {
-    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
-}
-
-/// A name as it is written.
-std::string join(std::string_view prefix, std::string_view name) {
-    return prefix.empty() ? std::string(name) : std::string(prefix).append(":").append(name);
-}
-
 bool equalsIgnoringCase(std::string_view text, std::string_view small) {
     return std::equal(text.begin(), text.end(), small.begin(), small.end(),
                       [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b); });
 }
 
 bool isBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    return text.find_first_not_of(BLANKS) == std::string_view::npos;
 }
 
 }  // namespace
@@ -45,17 +37,15 @@ DocumentCheck::Parser::Parser(Receiver receiver, std::uint64_t most)
     handler_.cdataBlock = onText;
     handler_.internalSubset = onDocumentType;
     handler_.serror = onError;
-    context_ = xmlCreatePushParserCtxt(&handler_, this, nullptr, 0, nullptr);
+    const StrayErrors strayErrors(onStrayError, this);
+    context_.reset(xmlCreatePushParserCtxt(&handler_, this, nullptr, 0, nullptr));
+    throwIfMemoryWasRefused();
     if (context_ == nullptr) {
         throw std::bad_alloc();
     }
     // "Huge" lifts the parser's own bounds on nesting and on the length of a value, which large models
     // exceed.
-    xmlCtxtUseOptions(context_, XML_PARSE_NONET | XML_PARSE_HUGE);
-}
-
-DocumentCheck::Parser::~Parser() {
-    xmlFreeParserCtxt(context_);
+    xmlCtxtUseOptions(context_.get(), XML_PARSE_NONET | XML_PARSE_HUGE);
 }
 
 bool DocumentCheck::Parser::feed(const char* bytes, std::size_t count) {
@@ -89,9 +79,10 @@ void DocumentCheck::Parser::push() {
 void DocumentCheck::Parser::parse(std::string_view bytes, bool isEnd) {
     {
         const StrayErrors strayErrors(onStrayError, this);
-        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
+        xmlParseChunk(context_.get(), bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
     }
     rethrow();
+    throwIfMemoryWasRefused();
     if (!stopped_ && context_->disableSAX != 0) {
         tellLast(place(), "not well-formed: the parser gave up");
     }
@@ -102,6 +93,7 @@ Summary DocumentCheck::Parser::finish() {
         push();
     }
     if (!stopped_) {
+        isClosing_ = true;
         parse({}, true);
     }
     if (!stopped_) {
@@ -117,6 +109,7 @@ void DocumentCheck::Parser::guard(const Work& work) {
         return;
     }
     try {
+        throwIfMemoryWasRefused();
         work(*this);
     } catch (...) {
         failure_ = std::current_exception();
@@ -134,6 +127,9 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
                                     const xmlChar* uri, int namespaceCount, const xmlChar** namespaces,
                                     int attributeCount, int /*defaultedCount*/, const xmlChar** attributes) {
     self(context).guard([&](Parser& parser) {
+        if (parser.isClosing_ && parser.unread() == 0) {
+            return;  // half a tag; what is told next is that the document was cut off
+        }
         parser.startOfTag_.reset();
         const std::string tag = join(view(prefix), view(name));
         if (!parser.checkRoot(tag)) {
@@ -158,7 +154,10 @@ void DocumentCheck::Parser::onStart(void* context, const xmlChar* name, const xm
 
 void DocumentCheck::Parser::onEnd(void* context, const xmlChar* /*name*/, const xmlChar* /*prefix*/,
                                   const xmlChar* /*uri*/) {
-    self(context).guard([](Parser& parser) { parser.end(); });
+    self(context).guard([](Parser& parser) {
+        parser.startOfTag_.reset();
+        parser.end();
+    });
 }
 
 void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int length) {
@@ -169,7 +168,7 @@ void DocumentCheck::Parser::onText(void* context, const xmlChar* text, int lengt
             return;
         }
         parser.open_.back().textTold = true;
-        parser.tell(Finding::Severity::ERROR, parser.place(),
+        parser.tell(parser.startOfText(characters),
                     "text between elements, which the OIM encoding has not: " + quoted(characters));
     });
 }
@@ -200,6 +199,7 @@ void DocumentCheck::Parser::onStrayError(void* context, xmlErrorPtr error) {
         return;
     }
     try {
+        throwIfMemoryWasRefused();
         parser.takeError(*error);
     } catch (...) {
         parser.failure_ = std::current_exception();
@@ -221,28 +221,6 @@ void DocumentCheck::Parser::takeError(const xmlError& error) {
     tellLast(at, "not well-formed: " + describe(error));
 }
 
-std::string DocumentCheck::Parser::describe(const xmlError& error) const {
-    if (error.code == XML_ERR_DOCUMENT_END && !open_.empty()) {
-        return "the document ends before its elements do";
-    }
-    if (summary_.bytes == 0) {
-        return "there is nothing in the document";
-    }
-    if (error.code == XML_ERR_DOCUMENT_EMPTY) {
-        return "this is no XML";
-    }
-    if (error.domain == XML_FROM_I18N || error.code == XML_IO_ENCODER) {
-        // The bytes are converted ahead of being read.
-        return "behind this place there are bytes that are no text in the document's encoding, which is " +
-               encodingName();
-    }
-    std::string text = error.message == nullptr ? "unknown error" : error.message;
-    while (!text.empty() && (text.back() == '\n' || text.back() == '.')) {
-        text.pop_back();
-    }
-    return text;
-}
-
 bool DocumentCheck::Parser::isWide() const {
     return start_ == "\xFE\xFF" || start_ == "\xFF\xFE" || start_ == std::string("<\0", 2) ||
            start_ == std::string("\0<", 2) || start_ == std::string("\0\0", 2);
@@ -260,13 +238,13 @@ void DocumentCheck::Parser::checkEncoding() {
         tellInAnyCase({1, 1}, "the document is in " + encodingName() + ", not in UTF-8");
     }
     if (!rootSeen_) {
-        tell(Finding::Severity::ERROR, {1, 1}, "there is no element");
+        tell({1, 1}, "there is no element");
     }
 }
 
 void DocumentCheck::Parser::stop() {
     stopped_ = true;
-    xmlStopParser(context_);
+    xmlStopParser(context_.get());
 }
 
 DocumentCheck::DocumentCheck(Receiver receiver, std::uint64_t most)

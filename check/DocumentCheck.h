@@ -14,11 +14,13 @@ struct Finding {
         NOTE  ///< worth knowing, and no fault of the document
     };
     Severity severity;
-    int line;    ///< counted from 1
-    int column;  ///< counted from 1
+    int line = 1;    ///< counted from 1
+    int column = 1;  ///< counted from 1
     std::string text;
     /// Of a note, why what it tells is no fault: the same words for notes of one kind.
-    std::string explanation;
+    std::string explanation = {};
+    /// In how many places it is so; this is the first one. Counted as so many errors or notes.
+    std::uint64_t places = 1;
 };
 
 /// What a document holds, and how many findings there were, errors that were not told included.
@@ -32,8 +34,10 @@ struct Summary {
 };
 
 /// Checks a document as it comes: whether it is well-formed and UTF-8, in the OIM encoding, made of known
-/// elements and attributes with permitted values, with identifiers given once and references that lead to an
-/// element of their own tag. Memory grows with the number of identifiers, not with the size of the document.
+/// elements and attributes with permitted values, each in its place and with what it always has, with
+/// identifiers given once and references that lead to an element of their own tag. Memory grows with the
+/// number of identifiers, not with the size of the document; where it does not suffice, std::bad_alloc is
+/// thrown.
 class DocumentCheck {
   public:
     using Receiver = std::function<void(const Finding&)>;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "DocumentParser.h"
 
@@ -43,29 +44,41 @@ void DocumentCheck::Parser::start(std::string_view name, const std::vector<Attri
         stop();
         return;
     }
-    const std::uint16_t known = grammar_.find(name);
+    const std::uint16_t known = grammar_.findTag(name);
     const std::uint16_t tag = known == OimGrammar::UNKNOWN ? OTHER : known;
     const Attribute* href = find(attributes, "oim:href");
-    checkPlace(name, tag, href != nullptr);
+    const std::uint16_t rule = checkPlace(name, tag, href != nullptr);
     if (href != nullptr) {
         checkReference(name, tag, *href, attributes);
     } else {
-        checkObject(name, tag, attributes);
+        checkObject(name, tag, rule, attributes);
     }
-    open_.push_back({tag, href != nullptr, false, 0});
+    open_.push_back({.tag = tag, .rule = rule, .isLink = href != nullptr});
 }
 
 void DocumentCheck::Parser::end() {
-    const Open& ended = open_.back();
-    if (ended.tag != OTHER && !ended.isLink) {
-        const ElementRule& rule = grammar_[ended.tag];
-        if (ended.inSequence < rule.sequence.size()) {
-            tell(Finding::Severity::ERROR, place(),
-                 "the element " + quoted(rule.name) + " ends without " +
-                     quoted(grammar_[rule.sequence[ended.inSequence]].name));
+    checkComplete(open_.back());
+    open_.pop_back();
+}
+
+void DocumentCheck::Parser::checkComplete(const Open& ended) {
+    if (ended.rule == OimGrammar::UNKNOWN || ended.isLink) {
+        return;
+    }
+    const ElementRule& rule = grammar_[ended.rule];
+    const std::string& name = grammar_.nameOf(rule.tag);
+    if (rule.isNeverEmpty && ended.isEmpty) {
+        error([&] { return "the element " + quoted(name) + " is empty"; });
+    }
+    for (std::size_t i = 0; i < rule.children.size(); ++i) {
+        const bool isThere = ((ended.met | ended.missed) >> i & 1U) != 0;
+        if (rule.children[i].isRequired && !isThere) {
+            error([&] {
+                return "the element " + quoted(name) + " ends without " +
+                       quoted(grammar_.nameOf(rule.children[i].tag));
+            });
         }
     }
-    open_.pop_back();
 }
 
 void DocumentCheck::Parser::checkPrefix(std::string_view prefix, bool isDeclared) {
@@ -81,81 +94,99 @@ void DocumentCheck::Parser::checkPrefix(std::string_view prefix, bool isDeclared
     error([&] { return "the prefix " + quoted(prefix) + " is used without a namespace"; });
 }
 
-void DocumentCheck::Parser::checkObject(std::string_view name, std::uint16_t tag,
+void DocumentCheck::Parser::checkObject(std::string_view name, std::uint16_t tag, std::uint16_t rule,
                                         const std::vector<Attribute>& attributes) {
-    if (tag != OTHER) {
+    if (rule != OimGrammar::UNKNOWN) {
         for (const Attribute& attribute : attributes) {
-            checkAttribute(name, tag, attribute.name, attribute.value);
+            checkAttribute(grammar_[rule], attribute.name, attribute.value);
         }
-        checkRequired(name, tag, attributes);
+        checkRequired(grammar_[rule], attributes);
     }
     const Attribute* const id = find(attributes, "oim:id");
     checkIdentifier(name, tag, id == nullptr ? std::string_view() : id->value, id != nullptr);
 }
 
-void DocumentCheck::Parser::checkRequired(std::string_view name, std::uint16_t tag,
-                                          const std::vector<Attribute>& attributes) {
-    for (const AttributeRule& rule : grammar_[tag].attributes) {
-        if (rule.isRequired && find(attributes, rule.name) == nullptr) {
-            error([&] { return "the element " + quoted(name) + " has no attribute " + quoted(rule.name); });
+void DocumentCheck::Parser::checkRequired(const ElementRule& rule, const std::vector<Attribute>& attributes) {
+    for (const AttributeRule& attribute : rule.attributes) {
+        if (attribute.isRequired && find(attributes, attribute.name) == nullptr) {
+            error([&] {
+                return "the element " + quoted(grammar_.nameOf(rule.tag)) + " has no attribute " +
+                       quoted(attribute.name);
+            });
         }
     }
 }
 
-void DocumentCheck::Parser::checkSequence(const ElementRule& parent, std::uint16_t tag) {
-    const std::vector<std::uint16_t>& sequence = parent.sequence;
-    const auto place =
-        static_cast<std::size_t>(std::find(sequence.begin(), sequence.end(), tag) - sequence.begin());
-    std::uint16_t& reached = open_.back().inSequence;
-    if (place == sequence.size()) {
-        return;
-    }
-    if (place < reached) {
-        error(
-            [&] { return "a second element " + quoted(grammar_[tag].name) + " in " + quoted(parent.name); });
-    } else if (place > reached) {
-        error([&] {
-            return "the element " + quoted(grammar_[tag].name) + " stands where " +
-                   quoted(grammar_[sequence[reached]].name) + " is expected";
-        });
-    }
-    reached = std::max(reached, static_cast<std::uint16_t>(place + 1));
-}
-
-void DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag, bool isLink) {
-    if (tag == OTHER) {
-        error([&] { return "unknown element " + quoted(name); });
-        return;
-    }
+std::uint16_t DocumentCheck::Parser::checkPlace(std::string_view name, std::uint16_t tag, bool isLink) {
     if (open_.empty()) {
         if (isLink) {
             error([] { return std::string("the root is a reference"); });
         }
-        return;
+        return OimGrammar::ROOT_RULE;
     }
-    if (open_.back().isLink) {
+    Open& parent = open_.back();
+    const bool isFirst = std::exchange(parent.isEmpty, false);
+    if (tag == OTHER) {
+        error([&] { return "unknown element " + quoted(name); });
+        return OimGrammar::UNKNOWN;
+    }
+    if (parent.isLink) {
         error([&] { return "a reference holds the element " + quoted(name) + "; references are empty"; });
-        return;
+        return OimGrammar::UNKNOWN;
     }
-    if (open_.back().tag == OTHER) {
-        return;
+    const std::uint16_t elsewhere = isLink ? OimGrammar::UNKNOWN : grammar_.soleRule(tag);
+    if (parent.rule == OimGrammar::UNKNOWN) {
+        return elsewhere;
     }
-    const ElementRule& parent = grammar_[open_.back().tag];
-    const std::vector<std::uint16_t>& permitted = isLink ? parent.references : parent.children;
-    if (!isLink) {
-        checkSequence(parent, tag);
-    }
-    if (std::find(permitted.begin(), permitted.end(), tag) == permitted.end()) {
+    const ElementRule& rule = grammar_[parent.rule];
+    const std::size_t place = rule.findChild(tag);
+    const bool isPermitted = isLink ? rule.mayReferTo(tag) : place != rule.children.size();
+    if (!isPermitted || (rule.holdsOne && !isFirst)) {
         error([&] {
-            return (isLink ? "a reference to " : "the element ") + quoted(name) + " does not belong in " +
-                   quoted(parent.name);
+            return (isLink ? "a reference to " : "the element ") + quoted(name) +
+                   (isPermitted ? " is one too many in " : " does not belong in ") +
+                   quoted(grammar_.nameOf(rule.tag));
         });
+    }
+    if (!isPermitted || isLink) {
+        return elsewhere;
+    }
+    checkChild(place);
+    return rule.children[place].rule;
+}
+
+/// Whether the child is the first of those that stand in the element once, and behind those that always stand
+/// before it.
+void DocumentCheck::Parser::checkChild(std::size_t place) {
+    Open& parent = open_.back();
+    const ElementRule& rule = grammar_[parent.rule];
+    const ElementRule::Child& child = rule.children[place];
+    const std::uint32_t bit = 1U << place;
+    if (child.isSingle && (parent.met & bit) != 0) {
+        error([&] {
+            return "a second element " + quoted(grammar_.nameOf(child.tag)) + " in " +
+                   quoted(grammar_.nameOf(rule.tag));
+        });
+    }
+    parent.met |= bit;
+    if (!child.isRequired) {
+        return;
+    }
+    for (std::size_t i = 0; i < place; ++i) {
+        const std::uint32_t earlier = 1U << i;
+        if (rule.children[i].isRequired && ((parent.met | parent.missed) & earlier) == 0) {
+            parent.missed |= earlier;
+            error([&] {
+                return "the element " + quoted(grammar_.nameOf(child.tag)) + " stands where " +
+                       quoted(grammar_.nameOf(rule.children[i].tag)) + " is expected";
+            });
+        }
     }
 }
 
 void DocumentCheck::Parser::checkIdentifier(std::string_view name, std::uint16_t tag, std::string_view id,
                                             bool isPresent) {
-    const ElementKind kind = tag == OTHER ? ElementKind::OBJECT : grammar_[tag].kind;
+    const ElementKind kind = tag == OTHER ? ElementKind::OBJECT : grammar_.kindOf(tag);
     const bool takesId = kind == ElementKind::OBJECT || kind == ElementKind::NUMBERED_ASSOCIATION;
     if (!isPresent) {
         if (takesId && tag != OTHER) {
@@ -193,47 +224,64 @@ void DocumentCheck::Parser::checkReference(std::string_view name, std::uint16_t 
                    " is not of the form \"#_N\"";
         });
     } else if (tag != OTHER) {
-        identifiers_.refer({number, tag, open_.empty() ? OTHER : open_.back().tag, startOfTag()});
+        identifiers_.refer(
+            {number, tag, open_.empty() ? OimGrammar::UNKNOWN : open_.back().rule, startOfTag()});
     }
 }
 
-void DocumentCheck::Parser::checkAttribute(std::string_view element, std::uint16_t tag, std::string_view name,
+void DocumentCheck::Parser::checkAttribute(const ElementRule& rule, std::string_view name,
                                            std::string_view value) {
     if (name == "oim:id") {
         return;  // of any element, see checkIdentifier
     }
-    const AttributeRule* rule = grammar_[tag].findAttribute(name);
-    if (rule == nullptr) {
+    const AttributeRule* attribute = rule.findAttribute(name);
+    const std::string& element = grammar_.nameOf(rule.tag);
+    if (attribute == nullptr) {
         error([&] { return "unknown attribute " + quoted(name) + " of " + quoted(element); });
-    } else if (!rule->permits(value)) {
+    } else if (!attribute->permits(value)) {
         error([&] {
             return "the attribute " + quoted(name) + " of " + quoted(element) + " is " + quoted(value) +
-                   " where " + rule->describe() + " is expected";
+                   " where " + attribute->describe() + " is expected";
         });
     }
 }
 
+std::string DocumentCheck::Parser::describeLoose(const Identifiers::Reference& reference,
+                                                 std::uint16_t target) const {
+    std::string text = "the reference to _" + std::to_string(reference.id);
+    if (reference.holder != OimGrammar::UNKNOWN) {
+        text += " in " + quoted(grammar_.nameOf(grammar_[reference.holder].tag));
+    }
+    if (target == NOWHERE) {
+        return text + " leads nowhere";
+    }
+    return text + " leads to " + (target == OTHER ? "an unknown element" : quoted(grammar_.nameOf(target))) +
+           ", not to " + quoted(grammar_.nameOf(reference.tag));
+}
+
 void DocumentCheck::Parser::tellLooseReferences() {
     identifiers_.forEachLoose(NOWHERE, [this](const Identifiers::Reference& reference, std::uint16_t target) {
-        const std::string& tag = grammar_[reference.tag].name;
-        const std::string_view holder = reference.holder == OTHER
-                                            ? std::string_view()
-                                            : std::string_view(grammar_[reference.holder].name);
-        const std::string_view targetTag = target == NOWHERE || target == OTHER
-                                               ? std::string_view()
-                                               : std::string_view(grammar_[target].name);
-        const std::string_view explanation =
-            target == OTHER ? std::string_view() : explainLooseReference(holder, tag, targetTag);
-        std::string text = "the reference to _" + std::to_string(reference.id);
-        text += holder.empty() ? "" : " in " + quoted(holder);
-        text += " leads ";
-        text += target == NOWHERE
-                    ? "nowhere"
-                    : "to " + (target == OTHER ? "an unknown element" : quoted(grammar_[target].name));
-        text += target == NOWHERE ? "" : ", not to " + quoted(tag);
-        tell(explanation.empty() ? Finding::Severity::ERROR : Finding::Severity::NOTE, reference.place,
-             std::move(text), explanation);
+        tellLoose(reference, target);
     });
+}
+
+void DocumentCheck::Parser::tellLoose(const Identifiers::Reference& reference, std::uint16_t target) {
+    std::string_view explanation;
+    if (reference.holder != OimGrammar::UNKNOWN && target != OTHER) {
+        explanation = explainLooseReference(
+            grammar_[reference.holder].name, grammar_.nameOf(reference.tag),
+            target == NOWHERE ? std::string_view() : std::string_view(grammar_.nameOf(target)));
+    }
+    const bool isError = explanation.empty();
+    const bool isDelivered = !isError || summary_.errors < most_;
+    (isError ? summary_.errors : summary_.notes) += reference.count;
+    if (isDelivered) {
+        deliver({.severity = isError ? Finding::Severity::ERROR : Finding::Severity::NOTE,
+                 .text = describeLoose(reference, target),
+                 .explanation = std::string(explanation),
+                 .places = reference.count},
+                reference.place);
+    }
 }
 
 }  // namespace oimcheck

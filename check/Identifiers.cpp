@@ -49,7 +49,8 @@ void Identifiers::refer(const Reference& reference) {
     }
     const std::uint64_t key = (static_cast<std::uint64_t>(reference.id) << 32U) |
                               (static_cast<std::uint64_t>(reference.tag) << 16U) | reference.holder;
-    references_.emplace(key, reference);
+    const auto [known, isNew] = references_.emplace(key, reference);
+    known->second.count += isNew ? 0 : 1;
 }
 
 void Identifiers::forEachLoose(

@@ -8,8 +8,8 @@
 
 namespace oimcheck {
 
-/// The identifiers that a document gave and those that it referred to. Each is kept once for each tag that it
-/// was met with, however often that was.
+/// The identifiers that a document gave and those that it referred to. Each is kept once for each tag and
+/// holder that it was met with, however often that was.
 class Identifiers {
   public:
     struct Place {
@@ -18,9 +18,10 @@ class Identifiers {
     };
     struct Reference {
         int id;
-        std::uint16_t tag;     ///< of the reference
-        std::uint16_t holder;  ///< the element that it stands in
-        Place place;           ///< where it was met first
+        std::uint16_t tag;        ///< of the reference
+        std::uint16_t holder;     ///< the rule of the element that it stands in
+        Place place;              ///< where it was met first
+        std::uint64_t count = 1;  ///< in how many places it was met
     };
 
     /// The number of an identifier "_N" (in a reference, "#_N"), or 0 when it is written in another way.

@@ -4,257 +4,14 @@
 #include <charconv>
 #include <stdexcept>
 
+#include "GrammarTable.h"
+
 namespace oimcheck {
 namespace {
 
-/// A row of the grammar, as text. Attributes are names, followed where the value is restricted by "=" and the
-/// words that are permitted, separated by "|", or "=int"; "visibility" and the like stand for themselves. A
-/// "!" in front means that the attribute is always there. Children are tags; a "&" in front means that a
-/// reference of that tag stands there, "*" a group of them, "1" that the child stands there exactly once.
-struct Row {
-    std::string_view name;
-    ElementKind kind;
-    std::string_view attributes;
-    std::string_view children;
-};
-
-constexpr auto FRAME = ElementKind::FRAME;
-constexpr auto OBJECT = ElementKind::OBJECT;
-constexpr auto ASSOCIATION = ElementKind::ASSOCIATION;
-constexpr auto NUMBERED = ElementKind::NUMBERED_ASSOCIATION;
-
+/// An element is said to hold no more kinds of things, so that those that were met fit a word.
+constexpr std::size_t MOST_CHILDREN = 32;
 constexpr std::string_view VISIBILITY = "PublicAccess|ProtectedAccess|PrivateAccess";
-
-constexpr Row ROWS[] = {
-    {"oim:Transfer", FRAME,
-     "!xmlns:oim=http://www.mdcinfo.com/oim/oim.dtd !xmlns:uml=http://www.mdcinfo.com/oim/uml.dtd "
-     "xmlns:erd=http://www.mdcinfo.com/oim/erd.dtd xmlns:dtm=http://www.mdcinfo.com/oim/dtm.dtd "
-     "xmlns:dbm=http://www.mdcinfo.com/oim/dbm.dtd",
-     "1oim:TransferHeader 1uml:Subsystem"},
-    {"oim:TransferHeader", FRAME, "!Exporter !ExporterVersion !TransferDateTime", ""},
-    {"uml:Subsystem", OBJECT, "!name", "1uml:NamespaceOwnedElement"},
-    {"uml:NamespaceOwnedElement", ASSOCIATION, "",
-     "uml:Model erd:Model dtm:TypeSet dbm:LogicalCatalog dbm:ColumnTypeSet uml:Package uml:Class "
-     "uml:Interface "
-     "uml:AssociationClass uml:Association uml:Generalization uml:Dependency uml:Constraint uml:Comment "
-     "uml:DataType "
-     "uml:Stereotype"},
-
-    {"uml:Model", OBJECT, "name description comments",
-     "uml:ModelElementStereotype uml:NamespaceOwnedElement"},
-    {"uml:Package", OBJECT, "!name description comments",
-     "uml:ModelElementStereotype uml:NamespaceOwnedElement"},
-    {"uml:Class", OBJECT, "!name description comments isAbstract=1 isActive=1 !visibility",
-     "uml:ModelElementStereotype uml:ModelElementTemplateParameter uml:ClassifierFeature "
-     "uml:GeneralizableElementGeneralizations uml:ModelElementTaggedValue uml:ModelElementClientDependency"},
-    {"uml:Interface", OBJECT, "!name description comments isAbstract=1 !visibility",
-     "uml:ModelElementStereotype uml:ModelElementTemplateParameter uml:ClassifierFeature "
-     "uml:GeneralizableElementGeneralizations uml:ModelElementTaggedValue uml:ModelElementClientDependency"},
-    {"uml:AssociationClass", OBJECT, "!name description comments isAbstract=1 isActive=1 !visibility",
-     "uml:AssociationConnection uml:ModelElementStereotype uml:ModelElementTemplateParameter "
-     "uml:ClassifierFeature "
-     "uml:GeneralizableElementGeneralizations uml:ModelElementTaggedValue uml:ModelElementClientDependency"},
-    {"uml:Association", OBJECT, "!name description comments",
-     "uml:ModelElementStereotype uml:AssociationConnection"},
-    {"uml:AssociationEnd", OBJECT,
-     "name description comments !aggregation=none|composite|aggregate !isNavigable=0|1 multiplicity "
-     "!ordering=ordered|unordered AssociationEnd.visibility",
-     "uml:ModelElementStereotype uml:AssociationEndType uml:AssociationEndQualifier"},
-    {"uml:Generalization", OBJECT, "!name description comments !visibility",
-     "uml:ModelElementStereotype uml:GeneralizationParent"},
-    {"uml:Dependency", OBJECT, "!name description comments",
-     "uml:ModelElementStereotype uml:DependencySupplier"},
-    {"uml:Abstraction", OBJECT, "!name=Derived", "uml:DependencySupplier"},
-    {"uml:Attribute", OBJECT,
-     "!name description comments initialValue !ownerScope=classifier|instance typeExpression !visibility",
-     "uml:StructuralFeatureType uml:ModelElementStereotype"},
-    {"uml:Operation", OBJECT,
-     "!name description comments !concurrency=Sequential|Guarded|Active|Synchronous isAbstract=1 "
-     "!ownerScope=classifier|instance !visibility",
-     "uml:ModelElementStereotype uml:BehavioralFeatureParameter uml:ModelElementTaggedValue"},
-    {"uml:Parameter", OBJECT,
-     "!name description comments defaultValue kind=in|out|inout|return typeExpression",
-     "uml:ParameterType uml:ModelElementStereotype"},
-    {"uml:DataType", OBJECT, "!name description comments", ""},
-    {"uml:Stereotype", OBJECT,
-     "!name "
-     "!baseClass=Model|Package|Class|AssociationClass|Attribute|Generalization|Association|AssociationEnd|"
-     "Operation|Parameter|Constraint|Dependency",
-     ""},
-    {"uml:TaggedValue", OBJECT, "!name=persistence|semantics !value", ""},
-    {"uml:Constraint", OBJECT, "!name !body", "uml:ModelElementStereotype uml:ConstraintConstrainedElement"},
-    {"uml:Comment", OBJECT, "!name comments", "uml:CommentAnnotatedElement"},
-    {"uml:ModelElementStereotype", ASSOCIATION, "", "&uml:Stereotype"},
-    {"uml:ClassifierFeature", ASSOCIATION, "", "uml:Attribute uml:Operation"},
-    {"uml:GeneralizableElementGeneralizations", ASSOCIATION, "", "&uml:Generalization"},
-    {"uml:ModelElementTaggedValue", ASSOCIATION, "", "uml:TaggedValue"},
-    {"uml:ModelElementClientDependency", ASSOCIATION, "", "&uml:Dependency uml:Abstraction"},
-    {"uml:ModelElementTemplateParameter", ASSOCIATION, "", "uml:Parameter"},
-    {"uml:BehavioralFeatureParameter", ASSOCIATION, "", "uml:Parameter"},
-    {"uml:ParameterType", ASSOCIATION, "", "*classes &uml:DataType"},
-    {"uml:StructuralFeatureType", ASSOCIATION, "", "*classes &uml:DataType"},
-    {"uml:AssociationConnection", ASSOCIATION, "", "uml:AssociationEnd"},
-    {"uml:AssociationEndType", ASSOCIATION, "", "*classes"},
-    {"uml:AssociationEndQualifier", ASSOCIATION, "", "uml:Attribute"},
-    {"uml:GeneralizationParent", ASSOCIATION, "", "*classes"},
-    {"uml:DependencySupplier", ASSOCIATION, "",
-     "*classes &erd:Model &erd:Entity &erd:Attribute &erd:Key &erd:Relationship"},
-    {"uml:ConstraintConstrainedElement", ASSOCIATION, "",
-     "&uml:Operation &uml:Association &uml:AssociationEnd"},
-    {"uml:CommentAnnotatedElement", ASSOCIATION, "",
-     "&uml:Class &uml:AssociationClass &uml:Package &uml:Attribute &uml:Operation &uml:Parameter "
-     "&uml:Association "
-     "&uml:AssociationEnd "
-     "&uml:Generalization &uml:Dependency"},
-
-    {"erd:Model", OBJECT, "!name description comments",
-     "erd:ModelEntities erd:ModelRelationships erd:ModelSubjectAreas erd:ModelDomains"},
-    {"erd:ModelEntities", ASSOCIATION, "", "erd:Entity"},
-    {"erd:ModelRelationships", ASSOCIATION, "", "erd:Relationship"},
-    {"erd:ModelSubjectAreas", ASSOCIATION, "", "erd:SubjectArea"},
-    {"erd:ModelDomains", ASSOCIATION, "", "erd:Domain"},
-    {"erd:Entity", OBJECT, "!name description comments", "erd:EntityEntityAttributes erd:EntityKeys"},
-    {"erd:EntityEntityAttributes", ASSOCIATION, "", "erd:Attribute"},
-    {"erd:EntityKeys", ASSOCIATION, "", "erd:Key"},
-    {"erd:Attribute", OBJECT, "!name description comments initialValue", "erd:AttributeDomain"},
-    {"erd:AttributeDomain", ASSOCIATION, "", "&erd:Domain"},
-    {"erd:Key", OBJECT, "!name description comments !KeyType=1|2|3|4", "erd:KeyAttributes"},
-    {"erd:KeyAttributes", ASSOCIATION, "", "&erd:Attribute"},
-    {"erd:Relationship", OBJECT, "!name description comments !RelationshipType=1|2|3|5",
-     "erd:RelationshipParentRole erd:RelationshipChildRole"},
-    {"erd:RelationshipParentRole", ASSOCIATION, "", "erd:ParentRole"},
-    {"erd:RelationshipChildRole", ASSOCIATION, "", "erd:ChildRole"},
-    {"erd:ParentRole", OBJECT,
-     "name description comments multiplicity Delete=1|2|3|4 Insert=1|2|3|4 Update=1|2|3|4",
-     "erd:ParentRoleEntity erd:ParentRoleKey"},
-    {"erd:ParentRoleEntity", ASSOCIATION, "", "&erd:Entity"},
-    {"erd:ParentRoleKey", ASSOCIATION, "", "&erd:Key"},
-    {"erd:ChildRole", OBJECT, "name description comments multiplicity",
-     "erd:ChildRoleEntity erd:ChildRoleKey"},
-    {"erd:ChildRoleEntity", ASSOCIATION, "", "&erd:Entity"},
-    {"erd:ChildRoleKey", ASSOCIATION, "", "&erd:Key"},
-    {"erd:SubjectArea", OBJECT, "!name description comments", "erd:SubjectAreaDiagrams"},
-    {"erd:SubjectAreaDiagrams", NUMBERED, "", "erd:StoredDisplay"},
-    {"erd:StoredDisplay", OBJECT, "!Name=Display1", "erd:StoredDisplayGraphicFeatures"},
-    {"erd:StoredDisplayGraphicFeatures", ASSOCIATION, "", "erd:GraphicFeature"},
-    {"erd:GraphicFeature", OBJECT, "", "erd:GraphicFeatureEntity erd:GraphicFeatureRelationship"},
-    {"erd:GraphicFeatureEntity", ASSOCIATION, "", "&erd:Entity"},
-    {"erd:GraphicFeatureRelationship", ASSOCIATION, "", "&erd:Relationship"},
-    {"erd:Domain", OBJECT, "name description comments Precision=int Scale=int IsNull=0|1",
-     "erd:DomainParentDomain erd:DomainDefaultType erd:DomainDefaultValue erd:DomainValidationRule"},
-    {"erd:DomainParentDomain", ASSOCIATION, "", "&erd:Domain"},
-    {"erd:DomainDefaultType", ASSOCIATION, "", "&erd:DataType"},
-    {"erd:DomainDefaultValue", ASSOCIATION, "", "erd:Value"},
-    {"erd:DomainValidationRule", ASSOCIATION, "", "erd:ValidationRule"},
-    {"erd:ValidationRule", OBJECT, "", "erd:ValidationRuleValidValues"},
-    {"erd:ValidationRuleValidValues", ASSOCIATION, "", "erd:Value"},
-    {"erd:Value", OBJECT, "name NumericValue=int StoredValue", ""},
-
-    {"dtm:TypeSet", OBJECT, "!name !version", "dtm:TypeSetTypes"},
-    {"dtm:TypeSetTypes", ASSOCIATION, "", "erd:DataType"},
-    {"erd:DataType", OBJECT, "!name", ""},
-
-    {"dbm:LogicalCatalog", OBJECT, "!name description comments",
-     "dbm:CatalogSchemas uml:ModelElementClientDependency"},
-    {"dbm:CatalogSchemas", ASSOCIATION, "", "dbm:LogicalSchema"},
-    {"dbm:LogicalSchema", OBJECT, "!name description comments",
-     "dbm:SchemaTables dbm:SchemaTableSynonyms dbm:SchemaStoredProcedures dbm:SchemaViews "
-     "dbm:SchemaReferentialConstraints"},
-    {"dbm:SchemaTables", ASSOCIATION, "", "dbm:LogicalTable"},
-    {"dbm:SchemaTableSynonyms", ASSOCIATION, "", "dbm:TableSynonym"},
-    {"dbm:SchemaStoredProcedures", ASSOCIATION, "", "dbm:StoredProcedure"},
-    {"dbm:SchemaViews", ASSOCIATION, "", "dbm:LogicalView"},
-    {"dbm:SchemaReferentialConstraints", ASSOCIATION, "", "dbm:ReferentialConstraint"},
-    {"dbm:LogicalTable", OBJECT, "!name description comments EstimatedSize=int",
-     "dbm:ColumnSetColumns dbm:TableUniqueKeys dbm:TableForeignKeys dbm:TableTriggers dbm:TableIndices "
-     "uml:ModelElementClientDependency"},
-    {"dbm:ColumnSetColumns", ASSOCIATION, "", "dbm:LogicalColumn"},
-    {"dbm:TableUniqueKeys", ASSOCIATION, "", "dbm:UniqueKey"},
-    {"dbm:TableForeignKeys", ASSOCIATION, "", "dbm:ForeignKey"},
-    {"dbm:TableTriggers", ASSOCIATION, "", "dbm:LogicalTrigger"},
-    {"dbm:TableIndices", ASSOCIATION, "", "dbm:LogicalIndex"},
-    {"dbm:LogicalColumn", OBJECT,
-     "!name description comments Ordinal=int initialValue IsNullable=0|1 NumericPrecision=int "
-     "NumericScale=int "
-     "Length=int TimePrecision=int IdentityIncrement=1",
-     "dbm:ColumnDataType uml:ModelElementClientDependency"},
-    {"dbm:ColumnDataType", ASSOCIATION, "", "&dbm:ColumnType"},
-    {"dbm:UniqueKey", OBJECT, "!name description comments IsPrimary=1",
-     "dbm:KeyColumns uml:ModelElementClientDependency"},
-    {"dbm:ForeignKey", OBJECT, "!name description comments",
-     "dbm:KeyColumns uml:ModelElementClientDependency"},
-    {"dbm:KeyColumns", ASSOCIATION, "", "&dbm:LogicalColumn"},
-    {"dbm:LogicalIndex", OBJECT, "!name description comments IsClustered=1 IsUnique=1",
-     "dbm:IndexIndexColumns uml:ModelElementClientDependency"},
-    {"dbm:IndexIndexColumns", ASSOCIATION, "", "dbm:IndexColumn"},
-    {"dbm:IndexColumn", OBJECT, "name description comments IsAscending=0|1", "dbm:IndexColumnColumn"},
-    {"dbm:IndexColumnColumn", ASSOCIATION, "", "&dbm:LogicalColumn"},
-    {"dbm:ReferentialConstraint", OBJECT, "!name description comments",
-     "uml:ModelElementClientDependency dbm:ReferentialConstraintUniqueKeyRole "
-     "dbm:ReferentialConstraintForeignKeyRole"},
-    {"dbm:ReferentialConstraintUniqueKeyRole", ASSOCIATION, "", "dbm:UniqueKeyRole"},
-    {"dbm:ReferentialConstraintForeignKeyRole", ASSOCIATION, "", "dbm:ForeignKeyRole"},
-    {"dbm:UniqueKeyRole", OBJECT, "name description comments DeleteRule=1|2|3|4 UpdateRule=1|2|3|4",
-     "dbm:JoinRoleColumnSet dbm:UniqueKeyRoleUniqueKey"},
-    {"dbm:ForeignKeyRole", OBJECT, "name description comments DeleteRule=1|2|3|4 UpdateRule=1|2|3|4",
-     "dbm:JoinRoleColumnSet dbm:ForeignKeyRoleForeignKey"},
-    {"dbm:JoinRoleColumnSet", ASSOCIATION, "", "&dbm:LogicalTable"},
-    {"dbm:UniqueKeyRoleUniqueKey", ASSOCIATION, "", "&dbm:UniqueKey"},
-    {"dbm:ForeignKeyRoleForeignKey", ASSOCIATION, "", "&dbm:ForeignKey"},
-    {"dbm:LogicalView", OBJECT, "!name description comments Body", "dbm:ColumnSetColumns"},
-    {"dbm:StoredProcedure", OBJECT, "!name description comments body", "dbm:StoredProcedureParameters"},
-    {"dbm:StoredProcedureParameters", ASSOCIATION, "", "dbm:StoredProcedureParameter"},
-    {"dbm:StoredProcedureParameter", OBJECT,
-     "!name description comments defaultValue IsOutput=1 NumericPrecision=int NumericScale=int Length=int "
-     "TimePrecision=int",
-     ""},
-    {"dbm:LogicalTrigger", OBJECT,
-     "!name description comments !BeforeAfter=1|2 IsDelete=1 IsInsert=1 IsUpdate=1 Statements", ""},
-    {"dbm:TableSynonym", OBJECT, "name", "dbm:TableSynonymTable"},
-    {"dbm:TableSynonymTable", ASSOCIATION, "", "&dbm:LogicalTable"},
-    {"dbm:ColumnTypeSet", OBJECT, "!name !version", "dbm:ColumnTypeSetColumnTypes"},
-    {"dbm:ColumnTypeSetColumnTypes", ASSOCIATION, "", "dbm:ColumnType"},
-    {"dbm:ColumnType", OBJECT, "!name", ""},
-};
-
-/// References that may be loose.
-struct LooseReference {
-    std::string_view holder;
-    std::string_view tags;    ///< of the reference
-    std::string_view target;  ///< the tag of what it may lead to; empty: nowhere
-    std::string_view explanation;
-};
-
-constexpr std::string_view CLASSES = "uml:Class uml:Interface uml:AssociationClass";
-constexpr std::string_view CLASS_AS_TYPE =
-    "a class that is used as a type is referred to by the type, which has no element";
-
-constexpr LooseReference LOOSE_REFERENCES[] = {
-    {"uml:StructuralFeatureType", CLASSES, "", CLASS_AS_TYPE},
-    {"uml:ParameterType", CLASSES, "", CLASS_AS_TYPE},
-    {"uml:AssociationEndType", CLASSES, "",
-     "the class at an association class's end may be physical only and left out"},
-    {"uml:CommentAnnotatedElement", "uml:Class", "uml:Interface",
-     "comments refer to an interface as a class"},
-    {"dbm:JoinRoleColumnSet", "dbm:LogicalTable", "",
-     "a relationship's table may be left out of the view, being of a class type that is no table"},
-    {"dbm:UniqueKeyRoleUniqueKey", "dbm:UniqueKey", "",
-     "the referenced key may be left out of the view with its table, or as one that is logical only or not "
-     "marked unique"},
-    {"dbm:ForeignKeyRoleForeignKey", "dbm:ForeignKey", "",
-     "the foreign key may be left out with its table, or with the last of several relationships that share "
-     "it"},
-    {"erd:ParentRoleEntity", "erd:Entity", "",
-     "a relationship's class may be left out of the view, being of a class type that is no entity"},
-    {"erd:ChildRoleEntity", "erd:Entity", "",
-     "a relationship's class may be left out of the view, being of a class type that is no entity"},
-    {"erd:ParentRoleKey", "erd:Key", "",
-     "the referenced key may be left out of the view with its attributes or its entity, or as one that is "
-     "physical only"},
-    {"erd:ChildRoleKey", "erd:Key", "",
-     "the foreign key may be left out with its entity, or with the last of several relationships that share "
-     "it"},
-};
 
 /// Calls `take` for each of the words of a text.
 template <typename Take>
@@ -313,59 +70,95 @@ const AttributeRule* ElementRule::findAttribute(std::string_view attribute) cons
     return found == attributes.end() ? nullptr : &*found;
 }
 
+std::size_t ElementRule::findChild(std::uint16_t childTag) const {
+    return static_cast<std::size_t>(std::find_if(children.begin(), children.end(),
+                                                 [&](const Child& child) { return child.tag == childTag; }) -
+                                    children.begin());
+}
+
+bool ElementRule::mayReferTo(std::uint16_t referenceTag) const {
+    return std::find(references.begin(), references.end(), referenceTag) != references.end();
+}
+
 const OimGrammar& OimGrammar::instance() {
     static const OimGrammar grammar;
     return grammar;
 }
 
 OimGrammar::OimGrammar() {
-    for (const Row& row : ROWS) {
-        numbers_.emplace(row.name, static_cast<std::uint16_t>(rules_.size()));
+    for (const GrammarRow& row : grammarRows()) {
         ElementRule& rule = rules_.emplace_back();
         rule.name = row.name;
         rule.kind = row.kind;
         forEachWord(row.attributes, ' ',
                     [&](std::string_view word) { rule.attributes.push_back(readAttribute(word)); });
+        addTag(rule, row.name.substr(0, row.name.find('@')));
     }
-    const auto numberOf = [this](std::string_view name) {
-        const std::uint16_t number = find(name);
-        if (number == UNKNOWN) {
-            throw std::logic_error("the grammar refers to the unknown element " + std::string(name));
-        }
-        return number;
-    };
     for (std::size_t i = 0; i < rules_.size(); ++i) {
-        forEachWord(ROWS[i].children, ' ', [&](std::string_view word) {
-            if (word == "*classes") {
-                forEachWord(CLASSES, ' ',
-                            [&](std::string_view tag) { rules_[i].references.push_back(numberOf(tag)); });
-            } else if (word.front() == '&') {
-                rules_[i].references.push_back(numberOf(word.substr(1)));
-            } else if (word.front() == '1') {
-                rules_[i].children.push_back(numberOf(word.substr(1)));
-                rules_[i].sequence.push_back(numberOf(word.substr(1)));
-            } else {
-                rules_[i].children.push_back(numberOf(word));
-            }
-        });
+        readContent(rules_[i], grammarRows()[i].content);
     }
 }
 
-std::uint16_t OimGrammar::find(std::string_view name) const {
+/// Gives the rule, the last one so far, the number of its tag.
+void OimGrammar::addTag(ElementRule& rule, std::string_view tag) {
+    const auto [known, isNew] = numbers_.emplace(tag, static_cast<std::uint16_t>(tags_.size()));
+    if (isNew) {
+        tags_.push_back({std::string(tag), rule.kind, static_cast<std::uint16_t>(rules_.size() - 1)});
+    } else {
+        tags_[known->second].soleRule = UNKNOWN;
+    }
+    rule.tag = known->second;
+}
+
+void OimGrammar::readContent(ElementRule& rule, std::string_view content) {
+    forEachWord(content, ' ', [&](std::string_view word) {
+        if (word == "*classes") {
+            forEachWord(CLASSES, ' ',
+                        [&](std::string_view tag) { rule.references.push_back(numberOf(tag)); });
+        } else if (word == "1:" || word == "+:") {
+            rule.isNeverEmpty = true;
+            rule.holdsOne = word == "1:";
+        } else if (word.front() == '&') {
+            rule.references.push_back(numberOf(word.substr(1)));
+        } else {
+            readChild(rule, word);
+        }
+    });
+    if (rule.children.size() > MOST_CHILDREN) {
+        throw std::logic_error("too many kinds of things stand in " + rule.name);
+    }
+}
+
+void OimGrammar::readChild(ElementRule& rule, std::string_view word) {
+    const bool isRequired = word.front() == '1';
+    const bool isSingle = isRequired || word.front() == '?';
+    const std::uint16_t child = ruleNamed(word.substr(isSingle ? 1 : 0));
+    if (rule.findChild(rules_[child].tag) != rule.children.size()) {
+        throw std::logic_error("two kinds of one tag stand in " + rule.name);
+    }
+    rule.children.push_back({child, rules_[child].tag, isRequired, isSingle});
+}
+
+std::uint16_t OimGrammar::numberOf(std::string_view tag) const {
+    const std::uint16_t number = findTag(tag);
+    if (number == UNKNOWN) {
+        throw std::logic_error("the grammar refers to the unknown element " + std::string(tag));
+    }
+    return number;
+}
+
+std::uint16_t OimGrammar::ruleNamed(std::string_view name) const {
+    const auto found = std::find_if(rules_.begin(), rules_.end(),
+                                    [&](const ElementRule& rule) { return rule.name == name; });
+    if (found == rules_.end()) {
+        throw std::logic_error("the grammar refers to the unknown row " + std::string(name));
+    }
+    return static_cast<std::uint16_t>(found - rules_.begin());
+}
+
+std::uint16_t OimGrammar::findTag(std::string_view name) const {
     const auto found = numbers_.find(name);
     return found == numbers_.end() ? UNKNOWN : found->second;
-}
-
-std::string_view explainLooseReference(std::string_view holder, std::string_view tag,
-                                       std::string_view target) {
-    for (const LooseReference& reference : LOOSE_REFERENCES) {
-        bool hasTag = false;
-        forEachWord(reference.tags, ' ', [&](std::string_view word) { hasTag = hasTag || word == tag; });
-        if (reference.holder == holder && reference.target == target && hasTag) {
-            return reference.explanation;
-        }
-    }
-    return {};
 }
 
 }  // namespace oimcheck

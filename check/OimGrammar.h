@@ -33,39 +33,71 @@ struct AttributeRule {
     std::string describe() const;
 };
 
-/// One element of the grammar.
+/// One element of the grammar, in one of the places where it stands.
 struct ElementRule {
-    std::string name;
+    struct Child {
+        std::uint16_t rule;
+        std::uint16_t tag;
+        bool isRequired;  ///< and then in the order of those that are
+        bool isSingle;
+    };
+    std::string name;  ///< of the row: the tag, and where it is several things "@" and which one
+    std::uint16_t tag = 0;
     ElementKind kind = ElementKind::OBJECT;
     std::vector<AttributeRule> attributes;
-    std::vector<std::uint16_t> children;  ///< what may stand in it
-    std::vector<std::uint16_t>
-        sequence;  ///< of the children, those that must stand in it once, in this order
+    std::vector<Child> children;            ///< what may stand in it
     std::vector<std::uint16_t> references;  ///< what it may refer to: links of this tag may stand in it
+    bool isNeverEmpty = false;              ///< something stands in it, a child or a reference
+    bool holdsOne = false;                  ///< and no more than that
 
     const AttributeRule* findAttribute(std::string_view attribute) const;
+    /// The place of this tag among the children, or their number.
+    std::size_t findChild(std::uint16_t childTag) const;
+    bool mayReferTo(std::uint16_t referenceTag) const;
 };
 
-/// All elements of the subject areas, as this system writes them.
+/// All elements of the subject areas, as this system writes them. Numbers of tags and of rules are different
+/// things: an element that is something else in another place has one tag and several rules.
 class OimGrammar {
   public:
     static const OimGrammar& instance();
 
     static constexpr std::uint16_t UNKNOWN = 0xffff;
-    /// The number of the element of this name, or UNKNOWN.
-    std::uint16_t find(std::string_view name) const;
-    const ElementRule& operator[](std::uint16_t number) const { return rules_[number]; }
+    static constexpr std::uint16_t ROOT_RULE = 0;
+    /// The number of the tag, or UNKNOWN.
+    std::uint16_t findTag(std::string_view name) const;
+    /// The only rule of a tag, or UNKNOWN when its place decides.
+    std::uint16_t soleRule(std::uint16_t tag) const { return tags_[tag].soleRule; }
+    /// The same in all places.
+    ElementKind kindOf(std::uint16_t tag) const { return tags_[tag].kind; }
+    const std::string& nameOf(std::uint16_t tag) const { return tags_[tag].name; }
+    std::size_t tagCount() const { return tags_.size(); }
+
+    const ElementRule& operator[](std::uint16_t rule) const { return rules_[rule]; }
     std::size_t size() const { return rules_.size(); }
 
   private:
+    struct Tag {
+        std::string name;
+        ElementKind kind;
+        std::uint16_t soleRule;
+    };
+
     OimGrammar();
+    void addTag(ElementRule& rule, std::string_view tag);
+    std::uint16_t numberOf(std::string_view tag) const;
+    std::uint16_t ruleNamed(std::string_view name) const;
+    void readContent(ElementRule& rule, std::string_view content);
+    void readChild(ElementRule& rule, std::string_view word);
 
     std::vector<ElementRule> rules_;
-    std::unordered_map<std::string_view, std::uint16_t> numbers_;
+    std::vector<Tag> tags_;
+    std::unordered_map<std::string_view, std::uint16_t> numbers_;  // of tags
 };
 
-/// Why a reference in `holder`, of the tag `tag`, may lead to an element of the tag `target` (empty: to
-/// none), because the export links there without testing its target. Empty when it may not.
+/// Why a reference in `holder` (the name of a rule), of the tag `tag`, may lead to an element of the tag
+/// `target` (empty: to none), because the export links there without testing its target. Empty when it may
+/// not.
 std::string_view explainLooseReference(std::string_view holder, std::string_view tag,
                                        std::string_view target);
 

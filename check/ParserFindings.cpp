@@ -1,6 +1,7 @@
 // What the parser tells of a document, and where.
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "DocumentParser.h"
@@ -31,45 +32,67 @@ std::string quoted(std::string_view text) {
 }
 
 Identifiers::Place DocumentCheck::Parser::place() const {
-    return {xmlSAX2GetLineNumber(context_), xmlSAX2GetColumnNumber(context_)};
+    return {xmlSAX2GetLineNumber(context_.get()), xmlSAX2GetColumnNumber(context_.get())};
 }
 
 const Identifiers::Place& DocumentCheck::Parser::startOfTag() {
     if (!startOfTag_) {
-        startOfTag_ = findStartOfTag();
+        startOfTag_ = findStart('<');
     }
     return *startOfTag_;
 }
 
-Identifiers::Place DocumentCheck::Parser::findStartOfTag() const {
+/// What was met last ends where the parser stands; it begins with the byte `first`.
+Identifiers::Place DocumentCheck::Parser::findStart(char first) const {
+    const auto* const base = reinterpret_cast<const char*>(context_->input->base);
+    const auto* start = reinterpret_cast<const char*>(context_->input->cur);
+    while (start > base && *start != first) {
+        --start;
+    }
+    return placeOf(start);
+}
+
+/// Of a byte that the parser has in memory.
+Identifiers::Place DocumentCheck::Parser::placeOf(const char* byte) const {
     const xmlParserInput& input = *context_->input;
     const auto* const base = reinterpret_cast<const char*>(input.base);
     const auto* const end = reinterpret_cast<const char*>(input.cur);
-    const char* start = end;
-    int line = input.line;
-    while (start > base && *start != '<') {
-        line -= *--start == '\n' ? 1 : 0;
-    }
-    const auto charactersFrom = [&](const char* from, const char* to) {
+    const auto charactersFrom = [](const char* from, const char* to) {
         return countCharacters({from, static_cast<std::size_t>(to - from)});
     };
+    const auto line = input.line - static_cast<int>(std::count(std::min(byte, end), end, '\n')) +
+                      static_cast<int>(std::count(end, std::max(byte, end), '\n'));
     if (line == input.line) {
-        return {line, input.col - charactersFrom(start, end)};
+        const int further = byte < end ? -charactersFrom(byte, end) : charactersFrom(end, byte);
+        return {line, input.col + further};
     }
-    const char* lineStart = start;
+    const char* lineStart = byte;
     while (lineStart > base && lineStart[-1] != '\n') {
         --lineStart;
     }
-    return {line, charactersFrom(lineStart, start) + 1};
+    return {line, charactersFrom(lineStart, byte) + 1};
 }
 
-void DocumentCheck::Parser::tell(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                 std::string_view explanation) {
-    const bool isError = severity == Finding::Severity::ERROR;
-    std::uint64_t& count = isError ? summary_.errors : summary_.notes;
-    ++count;
-    if (!isError || count <= most_) {
-        deliver(severity, at, std::move(text), explanation);
+/// A text is in the parser's own memory, or a copy of what stands there, or what a reference such as "&amp;"
+/// stands for.
+Identifiers::Place DocumentCheck::Parser::startOfText(std::string_view text) const {
+    const auto* const base = reinterpret_cast<const char*>(context_->input->base);
+    const auto* const end = reinterpret_cast<const char*>(context_->input->end);
+    const auto* const here = reinterpret_cast<const char*>(context_->input->cur);
+    const std::size_t blanks = text.find_first_not_of(BLANKS);
+    if (std::less_equal<>()(base, text.data()) && std::less<>()(text.data(), end)) {
+        return placeOf(text.data() + blanks);
+    }
+    if (text.size() <= static_cast<std::size_t>(here - base) &&
+        std::equal(text.begin(), text.end(), here - text.size())) {
+        return placeOf(here - text.size() + blanks);
+    }
+    return here > base && here[-1] == ';' ? findStart('&') : place();
+}
+
+void DocumentCheck::Parser::tell(Identifiers::Place at, std::string text) {
+    if (summary_.errors++ < most_) {
+        deliver({.severity = Finding::Severity::ERROR, .text = std::move(text)}, at);
     }
 }
 
@@ -80,13 +103,13 @@ void DocumentCheck::Parser::tellLast(Identifiers::Place at, std::string text) {
 
 void DocumentCheck::Parser::tellInAnyCase(Identifiers::Place at, std::string text) {
     ++summary_.errors;
-    deliver(Finding::Severity::ERROR, at, std::move(text), {});
+    deliver({.severity = Finding::Severity::ERROR, .text = std::move(text)}, at);
 }
 
-void DocumentCheck::Parser::deliver(Finding::Severity severity, Identifiers::Place at, std::string text,
-                                    std::string_view explanation) const {
-    receiver_(
-        {severity, std::max(at.line, 1), std::max(at.column, 1), std::move(text), std::string(explanation)});
+void DocumentCheck::Parser::deliver(Finding finding, Identifiers::Place at) const {
+    finding.line = std::max(at.line, 1);
+    finding.column = std::max(at.column, 1);
+    receiver_(finding);
 }
 
 }  // namespace oimcheck

@@ -1,20 +1,11 @@
 #include "StrayErrors.h"
 
-#include <libxml/parser.h>
-
-#include <mutex>
+#include "ParserLibrary.h"
 
 namespace oimcheck {
-namespace {
-
-/// What comes as plain words comes as an error, too, or as a parser that has given up.
-void ignoreWords(void* /*context*/, const char* /*format*/, ...) {}
-
-}  // namespace
 
 StrayErrors::StrayErrors(xmlStructuredErrorFunc handler, void* context) {
-    static std::once_flag initialised;  // before it, the variables are not yet a thread's own
-    std::call_once(initialised, xmlInitParser);
+    prepareParserLibrary();  // before it, the variables are not yet a thread's own
     handlerBefore_ = xmlStructuredError;
     contextBefore_ = xmlStructuredErrorContext;
     printerBefore_ = xmlGenericError;

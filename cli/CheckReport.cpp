@@ -28,21 +28,22 @@ CheckReport::CheckReport(std::string documentName, Console& console)
 
 void CheckReport::take(const Finding& finding) {
     const bool isError = finding.severity == Finding::Severity::ERROR;
-    errorsListed_ += isError ? 1 : 0;
+    errorsListed_ += isError ? finding.places : 0;
     if (isError || console_.isVerbose()) {
         findings_.push_back(finding);
         return;
     }
     Kind& kind = notes_[finding.explanation];
-    if (kind.count++ == 0) {
+    if (kind.places == 0) {
         kind.first = finding;
     }
+    kind.places += finding.places;
 }
 
 const oimcheck::Summary& CheckReport::finish() {
     summary_ = check_.finish();
     for (const Finding& finding : findings_) {
-        print(finding, {});
+        print(finding, finding.places);
     }
     if (const std::uint64_t others = summary_.errors - errorsListed_; others > 0) {
         console_.print(
@@ -52,15 +53,15 @@ const oimcheck::Summary& CheckReport::finish() {
              .hint = console_.isVerbose() ? "" : "--verbose lists them"});
     }
     for (const auto& [explanation, kind] : notes_) {
-        print(kind.first, kind.count == 1
-                              ? std::string()
-                              : fmt::format("; so it is in {}",
-                                            formatCount(kind.count - 1, "other place", "other places")));
+        print(kind.first, kind.places);
     }
     return summary_;
 }
 
-void CheckReport::print(const Finding& finding, const std::string& addition) {
+void CheckReport::print(const Finding& finding, std::uint64_t places) {
+    const std::string elsewhere =
+        places == 1 ? std::string()
+                    : fmt::format("; so it is in {}", formatCount(places - 1, "other place", "other places"));
     const bool isError = finding.severity == Finding::Severity::ERROR;
     const std::string explanation =
         finding.explanation.empty() ? std::string() : fmt::format(" ({})", finding.explanation);
@@ -69,7 +70,7 @@ void CheckReport::print(const Finding& finding, const std::string& addition) {
     console_.print({.level = isError ? Level::ERROR : Level::NOTE,
                     .subject = documentName_,
                     .where = fmt::format("line {}, column {}", finding.line, finding.column),
-                    .text = finding.text + explanation + addition,
+                    .text = finding.text + explanation + elsewhere,
                     .data = data.text()});
 }
 

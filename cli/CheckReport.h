@@ -30,11 +30,12 @@ class CheckReport {
     /// Notes of one kind: on a console that is not verbose, the first one speaks for all.
     struct Kind {
         oimcheck::Finding first;
-        std::uint64_t count = 0;
+        std::uint64_t places = 0;
     };
 
     void take(const oimcheck::Finding& finding);
-    void print(const oimcheck::Finding& finding, const std::string& addition);
+    /// `places`: in how many it is so.
+    void print(const oimcheck::Finding& finding, std::uint64_t places);
 
     std::string documentName_;
     Console& console_;

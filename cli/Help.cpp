@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <span>
+
 #include "Text.h"
 
 namespace cli {
@@ -26,8 +28,8 @@ std::string optionName(const OptionEntry& option) {
     return letter + option.dashed() + (option.isSwitch() ? "" : " " + option.value);
 }
 
-std::string optionDescription(const OptionEntry& option) {
-    std::string description = option.description;
+/// `description`: what the option is for.
+std::string optionDescription(const OptionEntry& option, std::string description) {
     if (!option.permitted.empty()) {
         description += fmt::format(" ({})", joinWords(option.permitted, "or"));
     }
@@ -37,11 +39,14 @@ std::string optionDescription(const OptionEntry& option) {
     return description;
 }
 
-std::string optionRows(OptionGroup group) {
+/// Of a command, or of the program.
+std::string optionRows(OptionGroup group, const Command* command) {
     std::string rows;
     for (const OptionEntry& option : allOptions()) {
         if (option.group == group) {
-            rows += row(optionName(option), optionDescription(option));
+            const std::string& description =
+                command == nullptr ? option.description : command->describe(option);
+            rows += row(optionName(option), optionDescription(option, description));
         }
     }
     return rows.empty() ? rows : fmt::format("\n{}:\n{}", describeGroup(group), rows);
@@ -80,9 +85,9 @@ std::string exampleRows(const Command& command) {
     return rows;
 }
 
-std::string exitCodeRows() {
+std::string exitCodeRows(std::span<const ExitCodeEntry> entries) {
     std::string rows = "\nExit codes:\n";
-    for (const ExitCodeEntry& entry : EXIT_CODES) {
+    for (const ExitCodeEntry& entry : entries) {
         rows += fmt::format("  {:<5}{}\n", static_cast<int>(entry.code), entry.meaning);
     }
     return rows;
@@ -100,12 +105,12 @@ std::string programHelp() {
         help += row(usage(command).substr(std::string_view("oimbridge ").size()), command.summary);
     }
     help += sourceRows();
-    help += optionRows(OptionGroup::GENERAL);
+    help += optionRows(OptionGroup::GENERAL, nullptr);
     help += "\nExamples:\n";
     for (const Command& command : allCommands()) {
         help += fmt::format("  oimbridge {}\n", command.examples.front().commandLine);
     }
-    help += exitCodeRows();
+    help += exitCodeRows(EXIT_CODES);
     return help + "\n\"oimbridge COMMAND --help\" tells more.\n";
 }
 
@@ -114,12 +119,12 @@ std::string commandHelp(const Command& command) {
     help += wrap(command.description, 0, WIDTH);
     help += argumentRows(command);
     for (const OptionGroup group : command.groups) {
-        help += optionRows(group);
+        help += optionRows(group, &command);
         if (group == OptionGroup::SOURCE) {
             help += sourceRows();
         }
     }
-    return help + exampleRows(command) + exitCodeRows();
+    return help + exampleRows(command) + exitCodeRows(command.exitCodes);
 }
 
 std::string versionText() {

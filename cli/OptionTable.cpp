@@ -97,15 +97,13 @@ void appendOutputOptions(std::vector<OptionEntry>& table) {
 }
 
 void appendBridgeOptions(std::vector<OptionEntry>& table) {
-    table.push_back(
-        {.name = "view",
-         .value = "VIEW",
-         .description = "the view of the model; left out, the one that suits the source, for \"inspect\" all "
-                        "of them",
-         .group = OptionGroup::BRIDGE,
-         .permitted = viewNames(),
-         .bridgeOption = "Model",
-         .take = takeView});
+    table.push_back({.name = "view",
+                     .value = "VIEW",
+                     .description = "the view of the model; left out, the one that suits the source",
+                     .group = OptionGroup::BRIDGE,
+                     .permitted = viewNames(),
+                     .bridgeOption = "Model",
+                     .take = takeView});
     table.push_back(
         {.name = "dbm-typeset",
          .value = "TYPESET",
@@ -128,7 +126,7 @@ void appendBridgeOptions(std::vector<OptionEntry>& table) {
                      .description =
                          "indent the document by so many blanks (0 to 16) per level, or by \"tab\" or "
                          "\"none\"; left out, none",
-                     .group = OptionGroup::OUTPUT,
+                     .group = OptionGroup::LAYOUT,
                      .bridgeOption = "XML Indentation (pretty printing)",
                      .take = takeIndent});
     table.push_back({.name = "set",
@@ -246,7 +244,9 @@ void appendGeneralOptions(std::vector<OptionEntry>& table) {
                      }});
     table.push_back({.name = "verbose",
                      .letter = 'v',
-                     .description = "tell more: what was chosen, and each thing that the model cannot hold",
+                     .description =
+                         "tell more: what was chosen, each thing that the model cannot hold, and each "
+                         "finding of a check",
                      .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
                          arguments.verbose = true;
                      }});
@@ -293,6 +293,8 @@ std::string_view describeGroup(OptionGroup group) {
     switch (group) {
         case OptionGroup::OUTPUT:
             return "Output";
+        case OptionGroup::LAYOUT:
+            return "Layout";
         case OptionGroup::CHECK:
             return "Check";
         case OptionGroup::BRIDGE:

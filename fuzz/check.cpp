@@ -40,15 +40,18 @@ Outcome check(const char* bytes, std::size_t size, std::size_t first) {
 void expectSound(const Outcome& outcome) {
     std::uint64_t errors = 0;
     std::uint64_t notes = 0;
+    std::uint64_t findings = 0;
     for (const Finding& finding : outcome.findings) {
         const bool isError = finding.severity == Finding::Severity::ERROR;
-        ++(isError ? errors : notes);
+        (isError ? errors : notes) += finding.places;
+        findings += isError ? 1 : 0;
+        expect(finding.places >= 1, "a finding that is nowhere");
         expect(finding.line >= 1 && finding.column >= 1, "a finding without a place");
         expect(!finding.text.empty(), "a finding without a text");
         expect(isError == finding.explanation.empty(), "a note is not explained, or an error is");
     }
     // Beyond the first ones, another encoding and the error that ends the check are told.
-    expect(errors <= MOST + 2, "more errors than asked for");
+    expect(findings <= MOST + 2, "more errors than asked for");
     expect(errors == outcome.summary.errors || (errors >= MOST && errors < outcome.summary.errors),
            "errors are lost");
     expect(notes == outcome.summary.notes, "notes are lost");

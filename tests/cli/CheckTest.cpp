@@ -23,8 +23,12 @@ std::string documentWith(const std::string& content) {
            "<oim:Transfer\nxmlns:oim=\"http://www.mdcinfo.com/oim/oim.dtd\"\n"
            "xmlns:uml=\"http://www.mdcinfo.com/oim/uml.dtd\"\n>\n"
            "<oim:TransferHeader Exporter=\"e\" ExporterVersion=\"1\" TransferDateTime=\"now\"/>\n"
-           "<uml:Subsystem name=\"S\" oim:id=\"_1\">\n<uml:NamespaceOwnedElement>\n" +
-           content + "</uml:NamespaceOwnedElement>\n</uml:Subsystem>\n</oim:Transfer>\n";
+           "<uml:Subsystem name=\"S\" oim:id=\"_1\"><uml:NamespaceOwnedElement><uml:Model oim:id=\"_1001\">\n"
+           "<uml:NamespaceOwnedElement><uml:Package oim:id=\"_1002\" "
+           "name=\"p\"><uml:NamespaceOwnedElement>\n" +
+           content +
+           "</uml:NamespaceOwnedElement></uml:Package></uml:NamespaceOwnedElement></uml:Model>\n"
+           "</uml:NamespaceOwnedElement></uml:Subsystem>\n</oim:Transfer>\n";
 }
 
 const std::string BAD_CONTENT = "<uml:Package oim:id=\"_1\" name=\"p\"/>\n<uml:Packet oim:id=\"_2\"/>\n";
@@ -36,7 +40,8 @@ const std::string LOOSE_CONTENT =
     "<uml:Attribute oim:id=\"_4\" name=\"a\" ownerScope=\"instance\" "
     "visibility=\"PublicAccess\"><uml:StructuralFeatureType>\n<uml:Class oim:href=\"#_8\"/>\n"
     "</uml:StructuralFeatureType></uml:Attribute>\n"
-    "</uml:ClassifierFeature></uml:Class>\n";
+    "</uml:ClassifierFeature><uml:ModelElementTaggedValue><uml:TaggedValue oim:id=\"_5\" "
+    "name=\"persistence\" value=\"transient\"/></uml:ModelElementTaggedValue></uml:Class>\n";
 const std::string CLASS_AS_TYPE =
     " leads nowhere (a class that is used as a type is referred to by the type, which has no element)";
 
@@ -64,7 +69,7 @@ TEST_F(Check, TellsErrorsAndExitsWith1) {
     EXPECT_EQ(result.err,
               "oimbridge: error: bad.xml: line 9, column 1: the identifier \"_1\" was given before\n"
               "oimbridge: error: bad.xml: line 10, column 1: unknown element \"uml:Packet\"\n");
-    EXPECT_EQ(result.out, "bad.xml: 2 errors in 6 elements, 3 objects and 0 references; 417 bytes\n");
+    EXPECT_EQ(result.out, "bad.xml: 2 errors in 10 elements, 5 objects and 0 references; 616 bytes\n");
     const Result quiet = run(scratch, {"check", "bad.xml", "-q"});
     EXPECT_EQ(quiet.exitCode, 1);
     EXPECT_EQ(quiet.err, result.err);
@@ -88,6 +93,22 @@ TEST_F(Check, TellsTheFirstNoteOfAKindUnlessItIsVerbose) {
                   CLASS_AS_TYPE + "\n");
 }
 
+TEST_F(Check, TellsHowManyPlacesAnErrorIsIn) {
+    std::string content;
+    for (int i = 2; i < 5; ++i) {
+        content += "<uml:Package oim:id=\"_" + std::to_string(i) +
+                   "\" name=\"p\"><uml:ModelElementStereotype>\n<uml:Stereotype oim:href=\"#_9\"/>"
+                   "</uml:ModelElementStereotype></uml:Package>\n";
+    }
+    scratch.write("bad.xml", documentWith(content));
+    const Result result = run(scratch, {"check", "bad.xml"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err,
+              "oimbridge: error: bad.xml: line 10, column 1: the reference to _9 in "
+              "\"uml:ModelElementStereotype\" leads nowhere; so it is in 2 other places\n");
+    EXPECT_THAT(result.out, StartsWith("bad.xml: 3 errors in "));
+}
+
 TEST_F(Check, ReadsStandardInput) {
     const Result result =
         run(scratch, Setting{.arguments = {"check", "-"}, .input = documentWith(BAD_CONTENT)});
@@ -106,9 +127,9 @@ TEST_F(Check, TellsProgramsWhatItFinds) {
         R"({"level":"error","subject":"standard input","where":"line 9, column 1","id":"",)"
         R"("text":"unknown element \"uml:Packet\"","hint":"","data":{"line":9,"column":1}})"
         "\n"
-        R"({"level":"note","subject":"standard input","where":"","id":"","text":"1 error in 5 elements, )"
-        R"(2 objects and 0 references; 381 bytes","hint":"","data":{"document":"standard input",)"
-        R"("errors":1,"notes":0,"elements":5,"objects":2,"references":0,"bytes":381}})"
+        R"({"level":"note","subject":"standard input","where":"","id":"","text":"1 error in 9 elements, )"
+        R"(4 objects and 0 references; 580 bytes","hint":"","data":{"document":"standard input",)"
+        R"("errors":1,"notes":0,"elements":9,"objects":4,"references":0,"bytes":580}})"
         "\n");
 }
 
@@ -223,7 +244,7 @@ TEST_F(Check, OfAnExportTellsErrorsAndKeepsTheDocument) {
                 HasSubstr("oimbridge: error: out.xml: line 1, column 1: the prefix \"oim\" is used without a "
                           "namespace\n"));
     EXPECT_THAT(result.err,
-                EndsWith("oimbridge: note: out.xml: checked: 4 errors in 1 element, 0 objects and 0 "
+                EndsWith("oimbridge: note: out.xml: checked: 5 errors in 1 element, 0 objects and 0 "
                          "references; 16 bytes\n"));
     EXPECT_EQ(scratch.read("out.xml"), "<oim:Transfer/>\n");
     const std::vector<std::string> unchecked = {"export", "shop.sql", "out.xml", "--overwrite"};

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <sstream>
 
 #include "CommandTable.h"
@@ -27,11 +28,18 @@ std::string help(const std::vector<std::string>& arguments) {
     return result.out;
 }
 
-void expectExitCodes(const std::string& text) {
-    for (const cli::ExitCodeEntry& entry : cli::EXIT_CODES) {
-        EXPECT_THAT(text, HasSubstr(std::to_string(static_cast<int>(entry.code))));
-        EXPECT_THAT(text, HasSubstr(std::string(entry.meaning)));
+/// The text lists these codes and no others.
+void expectExitCodes(const std::string& text, std::span<const cli::ExitCodeEntry> entries) {
+    std::string expected = "\nExit codes:\n";
+    for (const cli::ExitCodeEntry& entry : entries) {
+        std::string code = std::to_string(static_cast<int>(entry.code));
+        code.resize(5, ' ');
+        expected += "  " + code + std::string(entry.meaning) + "\n";
     }
+    const std::size_t at = text.find("\nExit codes:\n");
+    ASSERT_NE(at, std::string::npos);
+    EXPECT_EQ(text.substr(at, expected.size()), expected);
+    EXPECT_THAT(text.substr(at + expected.size(), 1), testing::AnyOf("", "\n"));
 }
 
 void expectLinesFit(const std::string& text) {
@@ -51,7 +59,7 @@ TEST(Help, OfTheProgramNamesCommandsReadersAndExitCodes) {
     for (const readers::Reader* reader : readers::allReaders()) {
         EXPECT_THAT(text, HasSubstr(reader->describe().name + ":PATH"));
     }
-    expectExitCodes(text);
+    expectExitCodes(text, cli::EXIT_CODES);
     expectLinesFit(text);
     EXPECT_EQ(help({"-h"}), text);
     EXPECT_EQ(help({"-q", "--help"}), text);
@@ -71,7 +79,7 @@ TEST(Help, OfACommandNamesItsOptionsAndExamples) {
         for (const cli::ExampleEntry& example : command.examples) {
             EXPECT_THAT(text, HasSubstr("oimbridge " + example.commandLine));
         }
-        expectExitCodes(text);
+        expectExitCodes(text, command.exitCodes);
         expectLinesFit(text);
         EXPECT_EQ(help({command.name, "-h"}), text);
         EXPECT_EQ(help({"--help", command.name}), text);
@@ -79,6 +87,30 @@ TEST(Help, OfACommandNamesItsOptionsAndExamples) {
             << "help comes before all mistakes";
     }
 }
+
+struct TruthCase {
+    const char* command;
+    const char* told;
+    const char* untold;  ///< what is true of other commands
+};
+
+class HelpOfACommand : public testing::TestWithParam<TruthCase> {};
+
+TEST_P(HelpOfACommand, TellsWhatIsTrueForItAlone) {
+    const std::string text = help({GetParam().command, "--help"});
+    EXPECT_THAT(text, HasSubstr(GetParam().told));
+    EXPECT_THAT(text, testing::Not(HasSubstr(GetParam().untold)));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, HelpOfACommand,
+    testing::Values(TruthCase{"export", "left out, the one that suits the source", "inspect"},
+                    TruthCase{"inspect", "left out, all of them", "suits the source"},
+                    TruthCase{"inspect", "  1    done", "--check"},
+                    TruthCase{"convert", "MODEL.model.json; \"-\" is", "--indent"},
+                    TruthCase{"check", "  1    errors in the document", "the model cannot hold"},
+                    TruthCase{"check", "  3    the document", "nothing selected"},
+                    TruthCase{"options", "  2    wrong use", "  3    "}));
 
 TEST(Help, WithTheVersionIsOneLine) {
     EXPECT_THAT(help({"--version"}), testing::MatchesRegex("oimbridge [0-9]+\\.[0-9]+\\.[0-9]+\n"));
