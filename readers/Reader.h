@@ -59,9 +59,10 @@ class LossReport {
 };
 
 /// Which parts of a database are wanted. Names may hold the wildcards `*` and `?`; letter case counts unless
-/// the source says otherwise. Of several patterns that match a name, the most specific decides (the one with
-/// the most characters that are not wildcards; an exclusion wins a tie); a name that no pattern matches is
-/// wanted unless there are including patterns.
+/// the source says otherwise. Of several patterns that match a name, the most specific decides: one without
+/// wildcards, else the one with the most other characters. Of "SCHEMA.TABLE" the part for the schema decides
+/// only between patterns whose parts for the table are equally specific. An exclusion wins a tie. A name that
+/// no pattern matches is wanted unless there are including patterns.
 struct Selection {
     std::vector<std::string> schemas;
     std::vector<std::string> excludedSchemas;

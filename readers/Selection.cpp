@@ -1,6 +1,8 @@
 #include "Selection.h"
 
 #include <algorithm>
+#include <compare>
+#include <optional>
 
 namespace readers {
 
@@ -19,31 +21,51 @@ std::size_t nextCharacter(std::string_view text, std::size_t index) noexcept {
     return index;
 }
 
-/// How many characters of a pattern are not wildcards.
-std::size_t countLiterals(std::string_view pattern) {
-    return static_cast<std::size_t>(std::count_if(pattern.begin(), pattern.end(), [](char byte) {
-        return byte != '*' && byte != '?' && !isContinuation(byte);
-    }));
+/// How closely a pattern describes what it fits.
+struct Closeness {
+    bool exact = false;  ///< no wildcards
+    std::ptrdiff_t literals = 0;
+    auto operator<=>(const Closeness&) const = default;
+};
+
+Closeness closenessOf(std::string_view pattern) {
+    const bool exact = pattern.find_first_of("*?") == std::string_view::npos;
+    return {exact, std::count_if(pattern.begin(), pattern.end(), [](char byte) {
+                return byte != '*' && byte != '?' && !isContinuation(byte);
+            })};
 }
 
-/// Lets every pattern that fits mark itself, and the most specific one decide. `fits` tells of one pattern.
-template <typename Patterns, typename Fits>
-bool decide(Patterns& patterns, const Fits& fits) {
-    bool anyIncludes = false;
-    const typename Patterns::value_type* decisive = nullptr;
+/// A schema's name only decides between patterns that describe the table equally well.
+struct Specificity {
+    Closeness name;
+    Closeness schema;
+    auto operator<=>(const Specificity&) const = default;
+};
+
+Specificity specificityOfQualified(std::string_view pattern) {
+    const std::size_t dot = pattern.find('.');
+    return {closenessOf(pattern.substr(dot + 1)), closenessOf(pattern.substr(0, dot))};
+}
+
+/// Lets every pattern that fits mark itself, and the most specific one decide. `fit` tells of one pattern how
+/// specific it is, or nothing when it does not fit.
+template <typename Patterns, typename Fit>
+bool decide(Patterns& patterns, const Fit& fit) {
+    bool isWanted =
+        std::none_of(patterns.begin(), patterns.end(), [](const auto& pattern) { return !pattern.excludes; });
+    std::optional<Specificity> decisive;
     for (auto& pattern : patterns) {
-        anyIncludes = anyIncludes || !pattern.excludes;
-        if (!fits(pattern)) {
+        const std::optional<Specificity> specificity = fit(pattern);
+        if (!specificity) {
             continue;
         }
         pattern.matched = true;
-        const bool winsTie =
-            decisive != nullptr && pattern.specificity == decisive->specificity && pattern.excludes;
-        if (decisive == nullptr || pattern.specificity > decisive->specificity || winsTie) {
-            decisive = &pattern;
+        if (!decisive || *specificity > *decisive || (*specificity == *decisive && pattern.excludes)) {
+            decisive = specificity;
+            isWanted = !pattern.excludes;
         }
     }
-    return decisive == nullptr ? !anyIncludes : !decisive->excludes;
+    return isWanted;
 }
 
 }  // namespace
@@ -85,8 +107,7 @@ SelectionMatcher::SelectionMatcher(const Selection& selection, LetterCase letter
 void SelectionMatcher::addPatterns(Patterns& patterns, const std::vector<std::string>& given,
                                    bool excludes) const {
     for (const std::string& text : given) {
-        patterns.push_back(
-            {text, comparedForm(text), countLiterals(text), excludes, text.find('.') != std::string::npos});
+        patterns.push_back({text, comparedForm(text), excludes});
     }
 }
 
@@ -102,7 +123,11 @@ std::string SelectionMatcher::comparedForm(std::string_view text) const {
 
 bool SelectionMatcher::wantsSchema(std::string_view schema) {
     const std::string name = comparedForm(schema);
-    return decide(schemas_, [&](const Pattern& pattern) { return matchesPattern(pattern.compared, name); });
+    return decide(schemas_, [&](const Pattern& pattern) {
+        return matchesPattern(pattern.compared, name)
+                   ? std::optional(Specificity{closenessOf(pattern.given), {}})
+                   : std::nullopt;
+    });
 }
 
 bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view table) {
@@ -111,9 +136,14 @@ bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view tabl
     }
     const std::string name = comparedForm(table);
     const std::string qualified = comparedForm(schema) + '.' + name;
-    return decide(tables_, [&](const Pattern& pattern) {
-        return matchesPattern(pattern.compared, name) ||
-               (pattern.hasDot && matchesPattern(pattern.compared, qualified));
+    return decide(tables_, [&](const Pattern& pattern) -> std::optional<Specificity> {
+        if (matchesPattern(pattern.compared, name)) {
+            return Specificity{closenessOf(pattern.given), {}};
+        }
+        const bool hasDot = pattern.compared.find('.') != std::string::npos;
+        return hasDot && matchesPattern(pattern.compared, qualified)
+                   ? std::optional(specificityOfQualified(pattern.given))
+                   : std::nullopt;
     });
 }
 
