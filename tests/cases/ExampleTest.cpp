@@ -29,7 +29,7 @@ class Example : public testing::TestWithParam<std::string> {
 };
 
 TEST_P(Example, GivesSoundDocumentsAlsoWhenItWasSaved) {
-    const auto model = readModel(PROJECT_FOLDER "/examples/" + GetParam(), {});
+    const auto model = readModel(PROJECT_FOLDER "/examples/" + GetParam(), {}).model;
     const std::string saved = saveModel(*model);
     const auto again = readSavedModel(saved);
     EXPECT_EQ(support::dumpModel(*again), support::dumpModel(*model));
@@ -43,7 +43,7 @@ TEST_P(Example, GivesSoundDocumentsAlsoWhenItWasSaved) {
 }
 
 TEST_P(Example, IsTheSameModelAfterEveryExport) {
-    const auto model = readModel(PROJECT_FOLDER "/examples/" + GetParam(), {});
+    const auto model = readModel(PROJECT_FOLDER "/examples/" + GetParam(), {}).model;
     const std::string before = support::dumpModel(*model);
     for (const char* view : VIEWS) {
         exportView(*model, view);
