@@ -35,13 +35,13 @@ KindColumns columnsOf(const std::vector<ModelCounts::Package>& packages) {
 }
 
 std::string totalRows(const ModelCounts& counts, bool databaseWords) {
-    std::string rows = "\nRead:\n";
+    std::string rows;
     for (const ObjectKindEntry& entry : objectKinds()) {
         if (const std::uint64_t count = counts.total[entry.kind]; count > 0) {
             rows += fmt::format("  {:<20}{:>12}\n", headingOf(entry, databaseWords), formatCount(count));
         }
     }
-    return rows;
+    return "\nRead:\n" + (rows.empty() ? "  nothing\n" : rows);
 }
 
 std::string packageRows(const std::vector<ModelCounts::Package>& packages, bool databaseWords) {
@@ -70,7 +70,7 @@ std::string lossRows(const readers::LossReport& losses) {
     if (losses.isEmpty()) {
         return {};
     }
-    std::string rows = "\nNot carried over, because the model cannot hold it:\n";
+    std::string rows = "\nNot carried over:\n";
     for (const auto& [kind, count] : losses.countByKind()) {
         rows += fmt::format("  {} ({})\n", printable(kind), formatCount(count));
         for (const readers::LossReport::Item& item : losses.items()) {
