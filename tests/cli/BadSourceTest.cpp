@@ -123,21 +123,21 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     AsAScript, BadSourceTest,
-    testing::Values(BadSource{"sql:folder", 3, "folder: is a folder\nhint: name a file in it"},
-                    BadSource{"sql:/dev/null", 3, "/dev/null: is a device, not a file"},
-                    BadSource{"sql:/dev/zero", 3, "/dev/zero: is a device, not a file"},
-                    BadSource{"sql:no.such", 3, "no.such: cannot be opened: No such file or directory"},
-                    BadSource{"sql:empty", 6,
-                              "empty: there is no table or class in it\nhint: --allow-empty accepts that"},
-                    BadSource{"sql:blank", 6,
-                              "blank: there is no table or class in it\nhint: --allow-empty accepts that"},
-                    BadSource{"sql:zeros", 4, "zeros: line 1: there is a NUL character; this is no text"},
-                    BadSource{"sql:picture.png", 4, "picture.png: line 1: near \"\\x89PNG\": syntax error"},
-                    BadSource{"sql:page.html", 4, "page.html: line 1: near \"<\": syntax error"},
-                    BadSource{"sql:list.json", 4, "list.json: line 1: near \"[1, 2, 3]\": syntax error"},
-                    BadSource{"sql:m.model.json", 4, "m.model.json: line 1: unrecognized token: \"{\""},
-                    BadSource{"sql:shop.sqlite", 4,
-                              "shop.sqlite: line 1: there is a NUL character; this is no text"}),
+    testing::Values(
+        BadSource{"sql:folder", 3, "folder: is a folder\nhint: name a file in it"},
+        BadSource{"sql:/dev/null", 3, "/dev/null: is a device, not a file"},
+        BadSource{"sql:/dev/zero", 3, "/dev/zero: is a device, not a file"},
+        BadSource{"sql:no.such", 3, "no.such: cannot be opened: No such file or directory"},
+        BadSource{"sql:empty", 6,
+                  "empty: there is no table, view or class in it\nhint: --allow-empty accepts that"},
+        BadSource{"sql:blank", 6,
+                  "blank: there is no table, view or class in it\nhint: --allow-empty accepts that"},
+        BadSource{"sql:zeros", 4, "zeros: line 1: there is a NUL character; this is no text"},
+        BadSource{"sql:picture.png", 4, "picture.png: line 1: near \"\\x89PNG\": syntax error"},
+        BadSource{"sql:page.html", 4, "page.html: line 1: near \"<\": syntax error"},
+        BadSource{"sql:list.json", 4, "list.json: line 1: near \"[1, 2, 3]\": syntax error"},
+        BadSource{"sql:m.model.json", 4, "m.model.json: line 1: unrecognized token: \"{\""},
+        BadSource{"sql:shop.sqlite", 4, "shop.sqlite: line 1: there is a NUL character; this is no text"}),
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
