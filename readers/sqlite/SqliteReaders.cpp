@@ -73,6 +73,8 @@ class DatabaseReader : public Reader {
         description_.name = "sqlite";
         description_.title = "SQLite database";
         description_.recognition = "a file that begins like a SQLite database, whatever it is called";
+        description_.usualEndings = {".db", ".db3", ".sqlite", ".sqlite3"};
+        description_.unrecognised = "it is encrypted, or its beginning is damaged";
         description_.naturalView = "dbm";
         description_.databaseType = "SQLite";
         description_.takesSelection = true;
