@@ -306,7 +306,7 @@ void addIndexes(Build& build) {
         for (const IndexFacts& index : table.facts->indexes) {
             if (index.origin == IndexFacts::Origin::CREATE_INDEX) {
                 addIndex(build, table, index);
-                build.monitor.advance();
+                build.monitor.look();
             }
         }
         reportKeyOrders(build, table);

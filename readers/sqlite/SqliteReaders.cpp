@@ -44,7 +44,7 @@ std::unique_ptr<ZORModel> buildModel(const Connection& connection, const std::st
     database->setDatabaseType("SQLite");
     model->addChildPackage(std::move(database));
 
-    const Catalog catalog = sqlite::readCatalog(connection);
+    const Catalog catalog = sqlite::readCatalog(connection, monitor);
     Build build(connection, catalog, request, monitor, *model);
     if (build.matcher.wantsSchema(MAIN_SCHEMA)) {
         auto package = std::make_unique<ZORDesignPackage>();
