@@ -9,6 +9,7 @@
 #include "InspectionReport.h"
 #include "ModelReading.h"
 #include "Text.h"
+#include "ZORXMLWriter.h"
 
 namespace cli {
 
@@ -140,7 +141,8 @@ class NoLog : public ZORLog {
 /// The bridge, and the views in which it is to tell of a model.
 class BridgeInspection {
   public:
-    explicit BridgeInspection(const Arguments& arguments) : bridge_(loadBridge()) {
+    BridgeInspection(const Arguments& arguments, Progress& progress)
+        : bridge_(loadBridge()), progress_(progress) {
         bridge_.getOptionList(options_);
         setGivenOptions(options_, arguments);
         const View* given = givenView(options_, arguments);
@@ -185,6 +187,11 @@ class BridgeInspection {
                 continue;
             }
             options_.setValue("Model", view);
+            const std::uint64_t before = ZORXMLWriter::getElementsStarted();
+            const Progress::Stage stage(progress_, [&] {
+                return fmt::format("{}: {} view: {} elements looked at", sourceName, view,
+                                   formatCount(ZORXMLWriter::getElementsStarted() - before));
+            });
             try {
                 work(isGiven_ && arguments.askedName.empty() ? static_cast<ZORLog&>(bridgeLog) : noLog);
             } catch (const ZORException& error) {
@@ -206,6 +213,7 @@ class BridgeInspection {
     }
 
     ZORBridge bridge_;
+    Progress& progress_;
     ZOROptionList options_;
     std::vector<std::string_view> views_;
     bool isGiven_ = false;
@@ -241,9 +249,9 @@ std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSou
 }  // namespace
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
-    BridgeInspection inspection(arguments);
-    const SourceName name = parseSourceName(arguments.source);
     Progress progress(console);
+    BridgeInspection inspection(arguments, progress);
+    const SourceName name = parseSourceName(arguments.source);
     const OpenedSource source = openSource(name, progress);
     const std::string& sourceName = source.source.name();
     const ReadModel read = readModel(source, arguments, console, progress, inspection.viewsToCheck());

@@ -1,7 +1,11 @@
-// Stands in for the product's plug-in and writes a document with an error in it.
+// Stands in for the product's plug-in, writes a document with an error in it, and looks at a model for as
+// long as its user wants.
+
+#include <unistd.h>
 
 #include "ZORBridgeLib.h"
 #include "ZORFile.h"
+#include "ZORXMLWriter.h"
 
 namespace {
 
@@ -11,7 +15,16 @@ const ZORBridgeOptionLiteral MODEL("BP_MODEL", "Model", "String", "", nullptr, N
 const ZORBridgeOptionLiteral DBM_TYPES("BP_DBM_TYPESET", "DBM TypeSet", "String", "", nullptr, NOTHING);
 const ZORBridgeOptionLiteral ERD_TYPES("BP_ERD_TYPESET", "ERD TypeSet", "String", "", nullptr, NOTHING);
 
-class FaultyBridge : public ZORBridgeExportInterface {
+class ManyElements : public ZORXMLWriter {
+  public:
+    ManyElements() {
+        for (int i = 0; i < 10'000; ++i) {
+            countElement();
+        }
+    }
+};
+
+class FaultyBridge : public ZORBridgeExportInterface, public ZORBridgeInspectionInterface {
   public:
     bool run(const ZORString& /*fileName*/, ZORModel& /*model*/, ZOROptionList& options,
              ZORLog& /*log*/) override {
@@ -23,6 +36,14 @@ class FaultyBridge : public ZORBridgeExportInterface {
         file.printLine("<oim:Transfer/>");
         file.close();
         return true;
+    }
+    /// Ends with standard input.
+    void inspect(ZORModel& /*model*/, ZOROptionList& /*options*/, ZORLog& /*log*/,
+                 ZORExportObserver& /*observer*/) override {
+        const ManyElements elements;
+        char byte = 0;
+        while (::read(STDIN_FILENO, &byte, 1) > 0) {
+        }
     }
     void getOptionList(ZOROptionList& list) override {
         list.removeAll();
