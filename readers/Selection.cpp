@@ -1,8 +1,8 @@
 #include "Selection.h"
 
 #include <algorithm>
-#include <compare>
 #include <optional>
+#include <utility>
 
 namespace readers {
 
@@ -21,12 +21,8 @@ std::size_t nextCharacter(std::string_view text, std::size_t index) noexcept {
     return index;
 }
 
-/// How closely a pattern describes what it fits.
-struct Closeness {
-    bool exact = false;  ///< no wildcards
-    std::ptrdiff_t literals = 0;
-    auto operator<=>(const Closeness&) const = default;
-};
+/// How closely a pattern describes what it fits: whether it has no wildcards, and how many other characters.
+using Closeness = std::pair<bool, std::ptrdiff_t>;
 
 Closeness closenessOf(std::string_view pattern) {
     const bool exact = pattern.find_first_of("*?") == std::string_view::npos;
@@ -35,12 +31,9 @@ Closeness closenessOf(std::string_view pattern) {
             })};
 }
 
-/// A schema's name only decides between patterns that describe the table equally well.
-struct Specificity {
-    Closeness name;
-    Closeness schema;
-    auto operator<=>(const Specificity&) const = default;
-};
+/// Of the part for the table, and of that for the schema, which decides only between patterns that describe
+/// the table equally well.
+using Specificity = std::pair<Closeness, Closeness>;
 
 Specificity specificityOfQualified(std::string_view pattern) {
     const std::size_t dot = pattern.find('.');

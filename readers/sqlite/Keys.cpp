@@ -132,7 +132,7 @@ class UniqueKeys {
         if (found == declared_.end()) {
             return {};
         }
-        const std::string name = (*found)->name;
+        std::string name = (*found)->name;
         declared_.erase(found);
         return name;
     }
