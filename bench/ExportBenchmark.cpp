@@ -9,21 +9,22 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "Exporter.h"
+#include "Memory.h"
 #include "ModelGenerator.h"
+#include "Times.h"
 #include "Yardsticks.h"
 #include "ZORModelCheck.h"
 
 namespace {
 
+using bench::Times;
+
 constexpr int COLUMNS_PER_TABLE = 20;
 constexpr int SMALL = 500;
 constexpr int MEDIUM = 5'000;
 constexpr int LARGE = 50'000;
-
-constexpr int REPETITIONS = 5;
 
 constexpr const char* RAW = "raw write in blocks of 1 MiB";
 constexpr const char* EXPORT = "export";
@@ -156,13 +157,7 @@ void writeWithLibxml2(benchmark::State& state) {
 }
 
 void registerBenchmarks() {
-    const auto add = [](const char* name, auto* function, int tables, int iterations) {
-        benchmark::RegisterBenchmark(name, function)
-            ->Arg(tables)
-            ->Iterations(iterations)
-            ->Repetitions(REPETITIONS)
-            ->UseRealTime();
-    };
+    using bench::add;
     add(RAW, writeRaw, LARGE, 1);
     add(EXPORT, exportBuffered, LARGE, 1);
     add(LIBXML2, writeWithLibxml2, LARGE, 1);
@@ -174,54 +169,7 @@ void registerBenchmarks() {
     add(EXPORT_LINES, exportByLines, SMALL, 2);
 }
 
-struct Times {
-    std::vector<double> wall;  ///< seconds per iteration, one per repetition
-    std::vector<double> cpu;
-};
-
-double median(std::vector<double> values) {
-    if (values.empty()) {
-        return 0;
-    }
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-/// Collects the times; the table is printed when all are there.
-class Collector : public benchmark::BenchmarkReporter {
-  public:
-    bool ReportContext(const Context& /*context*/) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.error_occurred) {
-                std::fprintf(stderr, "%s: %s\n", run.run_name.function_name.c_str(),
-                             run.error_message.c_str());
-                failed = true;
-            } else if (run.run_type == Run::RT_Iteration) {
-                Times& times = collected[run.run_name.function_name + '/' + run.run_name.args];
-                const auto iterations = static_cast<double>(run.iterations);
-                times.wall.push_back(run.real_accumulated_time / iterations);
-                times.cpu.push_back(run.cpu_accumulated_time / iterations);
-            }
-        }
-    }
-    bool has(const char* name, int tables) const { return !find(name, tables).wall.empty(); }
-    double wall(const char* name, int tables) const { return median(find(name, tables).wall); }
-    double cpu(const char* name, int tables) const { return median(find(name, tables).cpu); }
-
-    bool failed = false;
-
-  private:
-    const Times& find(const char* name, int tables) const {
-        static const Times none;
-        const auto found = collected.find(std::string(name) + '/' + std::to_string(tables));
-        return found == collected.end() ? none : found->second;
-    }
-
-    std::map<std::string, Times> collected;
-};
-
-void printRow(const Collector& times, const char* name, const char* yardstick) {
+void printRow(const Times& times, const char* name, const char* yardstick) {
     const double wall = times.wall(name, LARGE);
     const double cpu = times.cpu(name, LARGE);
     std::printf("%-38s %8.3f %8.3f", name, wall, cpu);
@@ -232,9 +180,10 @@ void printRow(const Collector& times, const char* name, const char* yardstick) {
     std::printf("\n");
 }
 
-void printTimes(const Collector& times) {
+void printTimes(const Times& times) {
     std::printf("\n%d tables of %d columns, a document of %.0f MB, medians of %d runs\n\n", LARGE,
-                COLUMNS_PER_TABLE, static_cast<double>(setting().document().size()) / 1e6, REPETITIONS);
+                COLUMNS_PER_TABLE, static_cast<double>(setting().document().size()) / 1e6,
+                bench::REPETITIONS);
     std::printf("%-38s %8s %8s %8s %10s %8s\n", "", "seconds", "CPU s", "MB/s", "times raw", "CPU");
     for (const char* name : {RAW, EXPORT, LIBXML2}) {
         printRow(times, name, RAW);
@@ -256,7 +205,7 @@ void printTimes(const Collector& times) {
         wall(LIBXML2, EXPORT), cpu(LIBXML2, EXPORT));
 }
 
-void printSizes(const Collector& times) {
+void printSizes(const Times& times) {
     std::printf("\n%-28s %8s %8s\n\n", "An export's time per column", "ns", "CPU ns");
     const auto row = [&](const char* name, const char* remark, int tables) {
         const int columns = tables * COLUMNS_PER_TABLE;
@@ -303,39 +252,26 @@ bool yardstickWritesTheSame() {
     return bench::RecordedDocument(setting().otherPath) == setting().recording();
 }
 
+bool print(const Times& times) {
+    const auto isThere = [&](const char* name) { return times.has(name, LARGE); };
+    const bool isWhole = std::all_of(std::begin(AT_LARGE), std::end(AT_LARGE), isThere);
+    if (isWhole && !yardstickWritesTheSame()) {
+        std::fprintf(stderr,
+                     "libxml2's writer produced another document than the export; nothing is comparable\n");
+        return false;
+    }
+    if (isWhole) {
+        printTimes(times);
+    }
+    printSizes(times);
+    if (isWhole) {
+        printMemory();
+    }
+    return true;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-    benchmark::Initialize(&argumentCount, arguments);
-    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments)) {
-        return 2;
-    }
-    try {
-        registerBenchmarks();
-        Collector times;
-        benchmark::RunSpecifiedBenchmarks(&times);
-        if (times.failed) {
-            return 1;
-        }
-        // A run that was filtered tells only what it measured.
-        const auto isThere = [&](const char* name) { return times.has(name, LARGE); };
-        const bool isWhole = std::all_of(std::begin(AT_LARGE), std::end(AT_LARGE), isThere);
-        if (isWhole && !yardstickWritesTheSame()) {
-            std::fprintf(
-                stderr,
-                "libxml2's writer produced another document than the export; nothing is comparable\n");
-            return 1;
-        }
-        if (isWhole) {
-            printTimes(times);
-        }
-        printSizes(times);
-        if (isWhole) {
-            printMemory();
-        }
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench_export: %s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return bench::runProgram(argumentCount, arguments, registerBenchmarks, print);
 }

@@ -1,9 +1,9 @@
 #include "Exporter.h"
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <stdexcept>
+
+#include "Memory.h"
 
 namespace bench {
 namespace {
@@ -50,11 +50,6 @@ std::size_t measurePeakMemory(Exporter& exporter, ZORModel& model) {
     exporter.run(model, "nowhere");
     ZORFile::setSinkOpener({});
     return peak - before;
-}
-
-std::size_t allocatedBytes() {
-    const auto use = mallinfo2();
-    return use.uordblks + use.hblkhd;
 }
 
 }  // namespace bench

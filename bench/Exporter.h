@@ -25,7 +25,4 @@ class Exporter {
 /// dropped.
 std::size_t measurePeakMemory(Exporter& exporter, ZORModel& model);
 
-/// Bytes that are allocated at the moment.
-std::size_t allocatedBytes();
-
 }  // namespace bench

@@ -1,106 +1,10 @@
 #include "Inspection.h"
 
-#include <algorithm>
-#include <iterator>
+#include <string>
+
+#include "LeavingReasons.h"
 
 namespace {
-
-/// Kinds of objects that a subject area has no elements for, by element type; null: it has.
-struct MissingKind {
-    ZORElementType type;
-    const char* uml;
-    const char* erd;
-    const char* dbm;
-};
-
-constexpr const char* NO_VIEWS = "the view has no SQL views";
-constexpr const char* NO_INDEXES = "the view has no indexes";
-constexpr const char* NO_SYNONYMS = "the view has no synonyms";
-constexpr const char* NO_OPERATIONS = "the view has no operations";
-constexpr const char* NO_DEPENDENCIES = "the view has no dependencies";
-constexpr const char* NO_REALIZATIONS = "the view has no realizations";
-constexpr const char* NO_DIAGRAMS = "the view has no diagrams";
-constexpr const char* NO_NOTES = "the view has no notes";
-constexpr const char* NO_VALUES = "the view has no values of data types";
-
-constexpr MissingKind MISSING_KINDS[] = {
-    {ZOR_DATABASE_CATALOG, "the view names no database", "the view names no database",
-     "the model is written as the catalog"},
-    {ZOR_DESIGN_PACKAGE, nullptr, "the view has no packages", nullptr},
-    {ZOR_SQL_VIEW_ENTITY, NO_VIEWS, NO_VIEWS, nullptr},
-    {ZOR_CANDIDATE_KEY, "the view has no keys", nullptr, nullptr},
-    {ZOR_FOREIGN_KEY, "the view has no keys", nullptr, nullptr},
-    {ZOR_INDEX, NO_INDEXES, NO_INDEXES, nullptr},
-    {ZOR_SYNONYM, NO_SYNONYMS, NO_SYNONYMS, nullptr},
-    {ZOR_OPERATION, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_STORED_PROCEDURE, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_TRIGGER, nullptr, NO_OPERATIONS, nullptr},
-    {ZOR_DEPENDENCY, nullptr, NO_DEPENDENCIES, NO_DEPENDENCIES},
-    {ZOR_REALIZATION, nullptr, NO_REALIZATIONS, NO_REALIZATIONS},
-    {ZOR_DIAGRAM, NO_DIAGRAMS, nullptr, NO_DIAGRAMS},
-    {ZOR_NOTE, nullptr, NO_NOTES, NO_NOTES},
-    {ZOR_TYPE_VALUE, NO_VALUES, nullptr, NO_VALUES},
-};
-
-const char* findMissingKind(ZORElementType type, MDCSubjectArea area) {
-    const auto* found = std::find_if(std::begin(MISSING_KINDS), std::end(MISSING_KINDS),
-                                     [&](const MissingKind& kind) { return kind.type == type; });
-    if (found == std::end(MISSING_KINDS)) {
-        return nullptr;
-    }
-    return area == UML ? found->uml : area == ERD ? found->erd : found->dbm;
-}
-
-/// What is left out because the object is.
-const char* describePart(ZORElementType owner, MDCSubjectArea area) {
-    switch (owner) {
-        case ZOR_CLASS:
-            return area == DBM ? "its table \"{0}\" is left out" : "its class \"{0}\" is left out";
-        case ZOR_SQL_VIEW_ENTITY:
-            return "its view \"{0}\" is left out";
-        case ZOR_DESIGN_PACKAGE:
-            return "its package \"{0}\" is left out";
-        case ZOR_OPERATION:
-        case ZOR_STORED_PROCEDURE:
-        case ZOR_TRIGGER:
-            return "its operation \"{0}\" is left out";
-        case ZOR_INDEX:
-            return "its index \"{0}\" is left out";
-        case ZOR_ASSOCIATION:
-            return area == UML ? "its association \"{0}\" is left out"
-                               : "its relationship \"{0}\" is left out";
-        default:
-            // For kinds of objects that a model does not have yet.
-            return "what it belongs to is left out";
-    }
-}
-
-/// The rules about objects that no filter is asked about, because of what they belong to.
-const char* findPlaceRule(ZORElementType type, ZORElementType owner, MDCSubjectArea area) {
-    const bool isOperation = type == ZOR_OPERATION || type == ZOR_STORED_PROCEDURE || type == ZOR_TRIGGER;
-    if (area == UML && isOperation && owner == ZOR_DESIGN_PACKAGE) {
-        return "the view has no operations of packages";
-    }
-    if (area == UML && type == ZOR_NOTE) {
-        return "the view has no notes on what it belongs to";
-    }
-    if (area == ERD && type == ZOR_TYPE_VALUE) {
-        return "only a derived type has its values in the view";
-    }
-    if (area == DBM && type == ZOR_STORED_PROCEDURE && owner == ZOR_CLASS) {
-        return "procedures of a class of this type are not written";
-    }
-    if (area == DBM && isOperation) {
-        return "it is neither a procedure nor a trigger of a table";
-    }
-    if (area != UML && type == ZOR_ARGUMENT && owner == ZOR_CLASS) {
-        return "the view has no template parameters";
-    }
-    if (area != UML && type == ZOR_ATTRIBUTE && owner == ZOR_ASSOCIATION_ROLE) {
-        return "the view has no qualifiers";
-    }
-    return nullptr;
-}
 
 ZORString nameOf(const ZORObject* object) {
     return object == nullptr || !object->isInstanceOf(ZOR_MODEL_OBJECT)
@@ -108,19 +12,24 @@ ZORString nameOf(const ZORObject* object) {
                : static_cast<const ZORModelObject*>(object)->getDisplayName();
 }
 
-/// The text with the name in its place; without a name there is no place either.
-ZORString withName(const char* text, const ZORString& name) {
-    const std::string_view place = " \"{0}\"";
-    const std::string_view whole(text);
-    const std::size_t at = whole.find(place);
-    ZORString filled(whole.substr(0, at));
-    if (at == std::string_view::npos) {
-        return filled;
+ZORString quotedName(const ZORClass* cls) {
+    const ZORString name = nameOf(cls);
+    return name.isEmpty() ? ZORString("a class without a name") : "\"" + name + "\"";
+}
+
+/// Puts what it stands for in the place of a mark in the text.
+void replaceMark(std::string& text, std::string_view mark, std::string_view replacement) {
+    if (const std::size_t at = text.find(mark); at != std::string::npos) {
+        text.replace(at, mark.size(), replacement);
     }
-    if (!name.isEmpty()) {
-        filled.append(" \"").append(name.view()).append('"');
-    }
-    return filled.append(whole.substr(at + place.size()));
+}
+
+/// The text with view and name in their places; without a name there is no place either.
+ZORString fill(const char* text, const ZORString& name, MDCSubjectArea area) {
+    std::string filled(text);
+    replaceMark(filled, "{view}", area == UML ? "UML view" : area == ERD ? "ERD view" : "DBM view");
+    replaceMark(filled, " \"{0}\"", name.isEmpty() ? "" : " \"" + std::string(name.view()) + "\"");
+    return ZORString(std::string_view(filled));
 }
 
 }  // namespace
@@ -160,14 +69,22 @@ class Inspection::Walk : public ZORTraversalOperation {
     std::vector<const ZORObject*> owners_;
 };
 
+void Inspection::standsForPair(const ZORObject* own, const ZORGeneralization* generalization,
+                               const ZORClass* subtype, const ZORClass* supertype) {
+    standsFor(own, generalization);
+    pairs_[generalization].push_back({own, subtype, supertype});
+}
+
 void Inspection::noteWritten(const ZORObject* object, const ZORString& tag) {
     const auto standIn = standIns_.find(object);
     const MDCSubjectArea area = tag.view().starts_with("uml:")   ? UML
                                 : tag.view().starts_with("erd:") ? ERD
                                                                  : DBM;
-    Note& note = notes_[standIn == standIns_.end() ? object : standIn->second][area];
-    if (note.tag.isEmpty()) {
-        note.tag = tag;
+    for (const ZORObject* told : {object, standIn == standIns_.end() ? object : standIn->second}) {
+        Note& note = notes_[told][area];
+        if (note.tag.isEmpty()) {
+            note.tag = tag;
+        }
     }
 }
 
@@ -191,11 +108,16 @@ void Inspection::conclude(ZORModel& model) {
 
 void Inspection::report(ZORExportObserver& observer) const {
     static constexpr const char* NAMES[AREAS] = {"uml", "erd", "dbm"};
-    for (const Verdict& verdict : verdicts_) {
+    auto exception = exceptions_.begin();
+    for (std::size_t i = 0; i < verdicts_.size(); ++i) {
+        const Verdict& verdict = verdicts_[i];
         if (verdict.tag.isEmpty()) {
             observer.leftOut(verdict.object, NAMES[verdict.area], verdict.reason, verdict.reasonInGeneral);
         } else {
             observer.written(verdict.object, NAMES[verdict.area], verdict.tag);
+        }
+        for (; exception != exceptions_.end() && exception->verdict == i; ++exception) {
+            observer.writtenExcept(verdict.object, NAMES[verdict.area], exception->text);
         }
     }
 }
@@ -213,6 +135,7 @@ bool Inspection::isWritten(const ZORObject* object, MDCSubjectArea area) const {
 void Inspection::judge(const ZORObject* object, const ZORObject* owner, MDCSubjectArea area) {
     if (isWritten(object, area)) {
         verdicts_.push_back({object, area, find(object, area)->tag, {}, {}});
+        addExceptions(object, area);
         return;
     }
     Note& note = notes_[object][area];
@@ -224,6 +147,28 @@ void Inspection::judge(const ZORObject* object, const ZORObject* owner, MDCSubje
         {object, area, {}, describe(note.reason, area, false), describe(note.reason, area, true)});
 }
 
+void Inspection::addExceptions(const ZORObject* object, MDCSubjectArea area) {
+    const auto pairs = pairs_.find(object);
+    if (pairs == pairs_.end()) {
+        return;
+    }
+    const std::vector<Pair>& all = pairs->second;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        // Where associations stand for the pairs, the last one was made first.
+        const Pair& pair = all[area == UML ? i : all.size() - 1 - i];
+        const Note* note = find(pair.own, area);
+        if (note == nullptr || !note->leftOut || !note->tag.isEmpty()) {
+            continue;
+        }
+        ZORString text = "not for " + quotedName(pair.subtype);
+        if (pair.supertype != nullptr) {
+            text.append(" as a subtype of ").append(quotedName(pair.supertype).view());
+        }
+        text.append(": ").append(describe(note->reason, area, false).view());
+        exceptions_.push_back({verdicts_.size() - 1, std::move(text)});
+    }
+}
+
 LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZORObject* owner,
                                             MDCSubjectArea area) {
     const ZORElementType type = object->getElementType();
@@ -231,7 +176,7 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
         inCatalogs_.insert(object);
     }
     if (inCatalogs_.contains(owner)) {
-        return {"the view has nothing of what is in a database catalog"};
+        return {"the {view} has nothing of what is in a database catalog"};
     }
     if (const char* missing = findMissingKind(type, area)) {
         return {missing};
@@ -245,12 +190,12 @@ LeavingReason Inspection::reasonWithoutNote(const ZORObject* object, const ZOROb
         }
     }
     if (area == DBM && object->isInstanceOf(ZOR_TYPE)) {
-        return {!hasDataTypes_           ? "no type set is chosen for the view"
+        return {!hasDataTypes_           ? "no type set is chosen for the {view}"
                 : type == ZOR_ALIAS_TYPE ? "columns are written with the type that it stands for"
-                                         : "no column in the view has it"};
+                                         : "no column in the {view} has it"};
     }
     // For kinds of objects that a model does not have yet.
-    return {"it has no place in the view"};
+    return {"it has no place in the {view}"};
 }
 
 /// That the ERD view has no packages says nothing of what is in them.
@@ -267,8 +212,8 @@ ZORString Inspection::describe(const LeavingReason& reason, MDCSubjectArea area,
     const LeavingReason* step = &reason;
     for (int causes = 0; step != nullptr && causes <= MOST_CAUSES; ++causes) {
         if (step->text != nullptr) {
-            text.append(text.isEmpty() ? "" : ": ")
-                .append(withName(step->text, inGeneral ? ZORString() : nameOf(step->other)).view());
+            const ZORString name = inGeneral ? ZORString() : nameOf(step->other);
+            text.append(text.isEmpty() ? "" : ": ").append(fill(step->text, name, area).view());
             if (inGeneral) {
                 break;
             }

@@ -9,8 +9,8 @@
 
 /// Why an object is not in a subject area.
 struct LeavingReason {
-    /// The second half of a sentence about the object, with "{0}" for the name of another object; null: the
-    /// reason is that of the cause.
+    /// The second half of a sentence about the object, with "{0}" for the name of another object and "{view}"
+    /// for that of the view; null: the reason is that of the cause.
     const char* text = nullptr;
     const ZORObject* other = nullptr;  ///< the one that is named; may be null
     const ZORObject* cause = nullptr;  ///< an object that is left out itself, and therefore this one; or null
@@ -27,6 +27,10 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge::Inspection {
 
     /// What is told of the bridge's own object counts for the model's from now on; null: for none.
     void standsFor(const ZORObject* own, const ZORObject* object) { standIns_[own] = object; }
+    /// The same of one that stands for a pair of the classes of a generalization; null for a
+    /// supertype that needs no mention.
+    void standsForPair(const ZORObject* own, const ZORGeneralization* generalization, const ZORClass* subtype,
+                       const ZORClass* supertype);
     void noteWritten(const ZORObject* object, const ZORString& tag);
     /// Of several reasons the first counts: filters give the reason behind a reason first.
     void noteLeftOut(const ZORObject* object, MDCSubjectArea area, const LeavingReason& reason);
@@ -51,11 +55,23 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge::Inspection {
         ZORString reason;
         ZORString reasonInGeneral;
     };
+    /// An object of the bridge's own that stands for a part of one of the model.
+    struct Pair {
+        const ZORObject* own;
+        const ZORClass* subtype;
+        const ZORClass* supertype;  ///< null: it goes without saying
+    };
+    struct Exception {
+        std::size_t verdict;  ///< to which of the verdicts, which are in the same order
+        ZORString text;
+    };
     using Notes = std::array<Note, AREAS>;
 
     bool isWritten(const ZORObject* object, MDCSubjectArea area) const;
     const Note* find(const ZORObject* object, MDCSubjectArea area) const;
     void judge(const ZORObject* object, const ZORObject* owner, MDCSubjectArea area);
+    /// The pairs of an object that are left out although the object is written.
+    void addExceptions(const ZORObject* object, MDCSubjectArea area);
     LeavingReason reasonWithoutNote(const ZORObject* object, const ZORObject* owner, MDCSubjectArea area);
     bool isLeftOutWith(const ZORObject* owner, MDCSubjectArea area) const;
     /// The whole reason, that of its cause included; without names when it is to be told of many objects.
@@ -64,7 +80,9 @@ class ZORMicrosoftSqlServerMdsMdcExportBridge::Inspection {
     MDCModelView view_;
     bool hasDataTypes_;
     std::unordered_map<const ZORObject*, const ZORObject*> standIns_;
+    std::unordered_map<const ZORObject*, std::vector<Pair>> pairs_;
     std::unordered_map<const ZORObject*, Notes> notes_;
     std::unordered_set<const ZORObject*> inCatalogs_;  ///< catalogs and all packages in them
     std::vector<Verdict> verdicts_;
+    std::vector<Exception> exceptions_;
 };

@@ -72,7 +72,7 @@ void Bridge::PreprocessOperation::addAssociation(ZORGeneralization* generalizati
         generalization->getDesignPackage()->addModelElement(std::make_unique<ZORMDCGeneralization>());
     bridge_->auxiliary_.append(association);
     if (bridge_->inspection_ != nullptr) {
-        bridge_->inspection_->standsFor(association, generalization);
+        bridge_->inspection_->standsForPair(association, generalization, subtype, nullptr);
     }
     association->setName(generalization->getName());
     association->setDesignLevel(generalization->getDesignLevel());
@@ -126,7 +126,8 @@ void Bridge::PreprocessOperation::splitIntoPairs(ZORGeneralization* generalizati
                 std::make_unique<ZORGeneralization>(*generalization));
             bridge_->auxiliary_.append(copy);
             if (bridge_->inspection_ != nullptr) {
-                bridge_->inspection_->standsFor(copy, generalization);
+                bridge_->inspection_->standsForPair(copy, generalization, subtype,
+                                                    supertypes.size() > 1 ? supertype : nullptr);
             }
             copy->addSupertypeClass(supertype);
             copy->addSubtypeClass(subtype);

@@ -239,7 +239,8 @@ constexpr LooseReference LOOSE_REFERENCES[] = {
     {"dbm:JoinRoleColumnSet", "dbm:LogicalTable", "",
      "a relationship's table may be left out of the view, being of a class type that is no table"},
     {"dbm:UniqueKeyRoleUniqueKey", "dbm:UniqueKey", "",
-     "the referenced key may be left out of the view, not being marked unique"},
+     "the referenced key may be left out of the view with its table, or as one that is logical only or not "
+     "marked unique"},
     {"dbm:ForeignKeyRoleForeignKey", "dbm:ForeignKey", "",
      "the foreign key may be left out with its table, or with the last of several relationships that share "
      "it"},
@@ -248,7 +249,8 @@ constexpr LooseReference LOOSE_REFERENCES[] = {
     {"erd:ChildRoleEntity", "erd:Entity", "",
      "a relationship's class may be left out of the view, being of a class type that is no entity"},
     {"erd:ParentRoleKey", "erd:Key", "",
-     "the referenced key may be left out of the view with its attributes"},
+     "the referenced key may be left out of the view with its attributes or its entity, or as one that is "
+     "physical only"},
     {"erd:ChildRoleKey", "erd:Key", "",
      "the foreign key may be left out with its entity, or with the last of several relationships that share "
      "it"},

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <optional>
 
 #include "BridgeLog.h"
@@ -15,6 +16,7 @@
 #include "OutputSummary.h"
 #include "SourceDateEpoch.h"
 #include "Text.h"
+#include "UnknownDataTypes.h"
 #include "Views.h"
 #include "ZORXMLWriter.h"
 
@@ -83,7 +85,11 @@ std::vector<std::string> typeSetsOf(const View& view, const ZOROptionList& optio
 
 std::string summaryText(const RunSummary& summary, const View& view,
                         const std::vector<std::string>& typeSets) {
-    const std::string types = typeSets.empty() ? std::string() : ", types of " + joinWords(typeSets);
+    std::vector<std::string> named;
+    std::copy_if(typeSets.begin(), typeSets.end(), std::back_inserter(named), hasDataTypes);
+    const std::string types = !named.empty()      ? ", types of " + joinWords(named)
+                              : !typeSets.empty() ? ", without data types"
+                                                  : "";
     // The view may not show all of what was read: `inspect` tells.
     return fmt::format("{} of \"{}\"{}, from {}", view.title, summary.read.model->getName().view(), types,
                        summary.figures());
@@ -175,6 +181,7 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     progress.stop();
 
     printLosses(read.losses, source.source.name(), console);
+    tellUnknownDataTypes(*read.model, view, options, source.source.name(), console);
     const RunSummary summary{source, read, output, Clock::now() - start};
     const std::vector<std::string> typeSets = typeSetsOf(view, options);
     printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),

@@ -9,6 +9,7 @@
 #include "InspectionReport.h"
 #include "ModelReading.h"
 #include "Text.h"
+#include "Unread.h"
 #include "ZORXMLWriter.h"
 
 namespace cli {
@@ -158,9 +159,22 @@ class BridgeInspection {
         return needsUml_ ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML;
     }
 
+    /// Without it there is nothing to say about a single object.
+    void requireVerdicts() const {
+        if (!bridge_.canInspect()) {
+            throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, "--why", describeSilence(),
+                          "without --why, inspect reports what is read");
+        }
+    }
+
+    /// None, and a note, of a bridge that does not tell.
     std::vector<ViewVerdicts> count(const ReadModel& read, const std::string& sourceName,
                                     const Arguments& arguments, Console& console) {
         std::vector<ViewVerdicts> all;
+        if (!bridge_.canInspect()) {
+            console.print({.level = Level::NOTE, .subject = sourceName, .text = describeSilence()});
+            return all;
+        }
         forEachView(read, sourceName, arguments, console, [&](ZORLog& log) {
             for (ViewVerdicts& view : countVerdicts(bridge_, *read.model, options_, log)) {
                 all.push_back(std::move(view));
@@ -201,6 +215,10 @@ class BridgeInspection {
         }
     }
 
+    std::string describeSilence() const {
+        return fmt::format("the bridge \"{}\" does not tell what it would write", bridge_.getName().view());
+    }
+
     /// Warns of a model that has no UML view.
     static bool canBeUml(ZORModel& model, const std::string& sourceName, Console& console) {
         const std::vector<ZORString> faults = checkModel(model, 1, ZORViewsToCheck::ALL);
@@ -220,29 +238,38 @@ class BridgeInspection {
     bool needsUml_ = false;
 };
 
-std::vector<NamedObject> findAsked(const ReadModel& read, const OpenedSource& source,
-                                   const Arguments& arguments) {
+/// What there is to say of a name: of objects of the model, or of what did not get into it.
+struct Answer {
+    std::vector<NamedObject> objects;
+    std::vector<UnreadThing> unread;
+};
+
+Answer findAsked(const ReadModel& read, const OpenedSource& source, const Arguments& arguments) {
     const bool databaseWords = source.reader->describe().naturalView == "dbm";
-    std::vector<NamedObject> found = findNamed(*read.model, arguments.askedName, databaseWords);
-    if (found.empty()) {
+    Answer answer;
+    answer.objects = findNamed(*read.model, arguments.askedName, databaseWords);
+    answer.unread = answer.objects.empty() ? findUnread(read, arguments.selection, arguments.askedName)
+                                           : findUnselected(read, arguments.askedName);
+    if (answer.objects.empty() && answer.unread.empty()) {
         throw Failure(ExitCode::WRONG_USE, "--why",
                       fmt::format("nothing that was read is called \"{}\".{}", arguments.askedName,
                                   describeNearestNames(*read.model, arguments.askedName)));
     }
-    return found;
+    return answer;
 }
 
-std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSource& source,
-                        const Arguments& arguments) {
+std::string namedReport(const Answer& answer, const OpenedSource& source, const Arguments& arguments) {
     if (arguments.format == ReportFormat::TEXT) {
-        return describeNamed(objects);
+        return describeNamed(answer.objects) + describeUnread(answer.unread);
     }
     JsonWriter json(2);
     json.beginObject()
         .member("source", source.source.name())
         .member("name", arguments.askedName)
         .key("objects");
-    writeNamed(json, objects);
+    writeNamed(json, answer.objects);
+    json.key("unread");
+    writeUnread(json, answer.unread);
     return json.endObject().text() + "\n";
 }
 
@@ -251,6 +278,9 @@ std::string namedReport(const std::vector<NamedObject>& objects, const OpenedSou
 ExitCode runInspect(const Arguments& arguments, Console& console) {
     Progress progress(console);
     BridgeInspection inspection(arguments, progress);
+    if (!arguments.askedName.empty()) {
+        inspection.requireVerdicts();
+    }
     const SourceName name = parseSourceName(arguments.source);
     const OpenedSource source = openSource(name, progress);
     const std::string& sourceName = source.source.name();
@@ -261,9 +291,11 @@ ExitCode runInspect(const Arguments& arguments, Console& console) {
         report = arguments.format == ReportFormat::JSON ? jsonReport(source, read, verdicts)
                                                         : textReport(source, read, verdicts);
     } else {
-        std::vector<NamedObject> objects = findAsked(read, source, arguments);
-        inspection.tellOf(objects, read, sourceName, arguments, console);
-        report = namedReport(objects, source, arguments);
+        Answer answer = findAsked(read, source, arguments);
+        if (!answer.objects.empty()) {
+            inspection.tellOf(answer.objects, read, sourceName, arguments, console);
+        }
+        report = namedReport(answer, source, arguments);
     }
     progress.stop();
     writeStandardOutput(report);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "Text.h"
 #include "Views.h"
 #include "ZORNearest.h"
 
@@ -12,7 +13,7 @@ namespace cli {
 
 namespace {
 
-/// The kind under which an object is counted; none for parts that are not counted.
+/// The kind under which an object is counted; none for the model and its catalogs, which stand around it all.
 std::optional<ObjectKind> kindOf(const ZORObject& object) {
     switch (object.getElementType()) {
         case ZOR_DESIGN_PACKAGE:
@@ -22,8 +23,8 @@ std::optional<ObjectKind> kindOf(const ZORObject& object) {
         case ZOR_ATTRIBUTE:
             // The qualifiers of associations belong to no class.
             return static_cast<const ZORAttribute&>(object).getAssociatedClass() == nullptr
-                       ? std::nullopt
-                       : std::optional(ObjectKind::ATTRIBUTE);
+                       ? ObjectKind::QUALIFIER
+                       : ObjectKind::ATTRIBUTE;
         case ZOR_CANDIDATE_KEY:
             return ObjectKind::CANDIDATE_KEY;
         case ZOR_FOREIGN_KEY:
@@ -52,6 +53,16 @@ std::optional<ObjectKind> kindOf(const ZORObject& object) {
             return ObjectKind::SYNONYM;
         case ZOR_DIAGRAM:
             return ObjectKind::DIAGRAM;
+        case ZOR_TYPE_VALUE:
+            return ObjectKind::TYPE_VALUE;
+        case ZOR_INDEX_MEMBER:
+            return ObjectKind::INDEX_COLUMN;
+        case ZOR_ASSOCIATION_ROLE:
+            return ObjectKind::ASSOCIATION_END;
+        case ZOR_ARGUMENT:
+            return ObjectKind::ARGUMENT;
+        case ZOR_NOTE:
+            return ObjectKind::NOTE;
         default:
             return object.isInstanceOf(ZOR_TYPE) ? std::optional(ObjectKind::TYPE) : std::nullopt;
     }
@@ -67,25 +78,9 @@ std::string wordFor(const ZORObject& object, bool databaseWords) {
             return "model";
         case ZOR_DATABASE_CATALOG:
             return "database catalog";
-        case ZOR_ATTRIBUTE:
-            return "qualifier";
-        case ZOR_ASSOCIATION_ROLE:
-            return "association end";
-        case ZOR_ARGUMENT:
-            return "argument";
-        case ZOR_INDEX_MEMBER:
-            return "index column";
-        case ZOR_TYPE_VALUE:
-            return "value";
         default:
             return "object";
     }
-}
-
-std::string fold(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
 }
 
 std::string displayNameOf(const ZORObject& object) {
@@ -138,19 +133,13 @@ class NameWalk : public ZORTraversalOperation {
     std::vector<std::size_t> lengths_;
 };
 
-bool isEndOf(const std::string& path, const std::string& name) {
-    return path.size() == name.size() ? path == name
-                                      : path.size() > name.size() && path.ends_with(name) &&
-                                            path[path.size() - name.size() - 1] == '.';
-}
-
 std::vector<NamedObject> findPaths(ZORModel& model, const std::string& name, bool databaseWords,
                                    bool ignoreCase) {
-    const std::string wanted = ignoreCase ? fold(name) : name;
+    const std::string wanted = ignoreCase ? foldCase(name) : name;
     std::set<const ZORObject*> wantedObjects;
     for (NameWalk::NameOf* nameOf : {&displayNameOf, &databaseNameOf}) {
         NameWalk(nameOf, [&](const ZORObject& object, const std::string& path) {
-            if (isEndOf(ignoreCase ? fold(path) : path, wanted)) {
+            if (isEndOfPath(ignoreCase ? foldCase(path) : path, wanted)) {
                 wantedObjects.insert(&object);
             }
         }).run(model);
@@ -206,6 +195,11 @@ class Listener : public ZORExportObserver {
     void leftOut(const ZORObject* object, const char* area, const ZORString& reason,
                  const ZORString& /*reasonInGeneral*/) override {
         add(object, area, false, reason);
+    }
+    void writtenExcept(const ZORObject* object, const char* /*area*/, const ZORString& exception) override {
+        if (const auto found = objects_.find(object); found != objects_.end()) {
+            found->second->verdicts.back().exceptions.emplace_back(exception.view());
+        }
     }
 
   private:

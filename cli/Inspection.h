@@ -32,6 +32,8 @@ struct NamedObject {
         std::string view;
         bool written;
         std::string text;  ///< the element's tag, or the reason
+        /// What of it is not written: "not for \"Order\": ...".
+        std::vector<std::string> exceptions = {};
     };
     const ZORObject* object;
     std::string kind;  ///< "table"

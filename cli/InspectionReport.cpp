@@ -20,6 +20,30 @@ std::vector<Reason> inOrder(const std::map<std::string, std::uint64_t>& reasons)
     return sorted;
 }
 
+/// The end of a sentence.
+std::string describeExceptions(const NamedObject::Verdict& verdict) {
+    std::string text;
+    for (const std::string& exception : verdict.exceptions) {
+        text += (text.empty() ? ", but " : "; ") + printable(exception);
+    }
+    return text;
+}
+
+void writeVerdict(JsonWriter& json, const NamedObject::Verdict& verdict) {
+    json.beginObject()
+        .member("view", verdict.view)
+        .member("written", verdict.written)
+        .member(verdict.written ? "element" : "reason", verdict.text);
+    if (!verdict.exceptions.empty()) {
+        json.key("exceptions").beginList();
+        for (const std::string& exception : verdict.exceptions) {
+            json.value(exception);
+        }
+        json.endList();
+    }
+    json.endObject();
+}
+
 }  // namespace
 
 std::string describeVerdicts(const std::vector<ViewVerdicts>& views, bool databaseWords) {
@@ -67,9 +91,10 @@ std::string describeNamed(const std::vector<NamedObject>& objects) {
     std::string text;
     for (const NamedObject& object : objects) {
         for (const NamedObject::Verdict& verdict : object.verdicts) {
-            text += fmt::format("The {} {} is {} the {} {} {}.\n", object.kind, printable(object.path),
+            text += fmt::format("The {} {} is {} the {} {} {}{}.\n", object.kind, printable(object.path),
                                 verdict.written ? "written to" : "left out of", titleOfView(verdict.view),
-                                verdict.written ? "as" : "because", printable(verdict.text));
+                                verdict.written ? "as" : "because", printable(verdict.text),
+                                describeExceptions(verdict));
         }
     }
     return text;
@@ -80,11 +105,7 @@ void writeNamed(JsonWriter& json, const std::vector<NamedObject>& objects) {
     for (const NamedObject& object : objects) {
         json.beginObject().member("kind", object.kind).member("path", object.path).key("views").beginList();
         for (const NamedObject::Verdict& verdict : object.verdicts) {
-            json.beginObject()
-                .member("view", verdict.view)
-                .member("written", verdict.written)
-                .member(verdict.written ? "element" : "reason", verdict.text)
-                .endObject();
+            writeVerdict(json, verdict);
         }
         json.endList().endObject();
     }

@@ -29,6 +29,15 @@ constexpr std::array<ObjectKindEntry, static_cast<std::size_t>(ObjectKind::COUNT
     {ObjectKind::SYNONYM, "synonyms", "synonym", "synonyms", "synonym", "synonyms"},
     {ObjectKind::DIAGRAM, "diagrams", "diagram", "diagrams", "diagram", "diagrams"},
     {ObjectKind::TYPE, "types", "data type", "data types", "data type", "data types"},
+    {ObjectKind::TYPE_VALUE, "typeValues", "value", "values of data types", "value", "values of data types",
+     true},
+    {ObjectKind::INDEX_COLUMN, "indexColumns", "index column", "index columns", "index column",
+     "index columns", true},
+    {ObjectKind::ASSOCIATION_END, "associationEnds", "association end", "association ends",
+     "relationship end", "relationship ends", true},
+    {ObjectKind::QUALIFIER, "qualifiers", "qualifier", "qualifiers", "qualifier", "qualifiers", true},
+    {ObjectKind::ARGUMENT, "arguments", "argument", "arguments", "argument", "arguments", true},
+    {ObjectKind::NOTE, "notes", "note", "notes", "note", "notes", true},
 }};
 
 void countOperations(KindCounts& counts, const ZORVector<ZOROperation*>& operations) {
@@ -153,7 +162,9 @@ std::string describeCounts(const KindCounts& counts, bool databaseWords) {
 void writeCounts(JsonWriter& json, const KindCounts& counts) {
     json.beginObject();
     for (const ObjectKindEntry& entry : KINDS) {
-        json.member(entry.key, counts[entry.kind]);
+        if (!entry.isDetail) {
+            json.member(entry.key, counts[entry.kind]);
+        }
     }
     json.endObject();
 }

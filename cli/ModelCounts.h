@@ -30,6 +30,12 @@ enum class ObjectKind : std::size_t {
     SYNONYM,
     DIAGRAM,
     TYPE,
+    TYPE_VALUE,
+    INDEX_COLUMN,
+    ASSOCIATION_END,
+    QUALIFIER,
+    ARGUMENT,
+    NOTE,
     COUNT
 };
 
@@ -41,6 +47,8 @@ struct ObjectKindEntry {
     const char* plural;
     const char* databaseSingular;
     const char* databasePlural;
+    /// Told of where it is about views, and not among what was read: it is there with its owner.
+    bool isDetail = false;
 };
 
 /// Every kind once, in the order of the enumeration, which is that of reports.
@@ -57,7 +65,7 @@ class KindCounts {
     std::array<std::uint64_t, static_cast<std::size_t>(ObjectKind::COUNT)> counts_{};
 };
 
-/// How many objects of each kind there are in a model and in each of its packages.
+/// How many objects of each kind, details aside, there are in a model and in each of its packages.
 struct ModelCounts {
     struct Package {
         std::string path;  ///< names from the outermost package inwards, with "." between them
@@ -74,7 +82,7 @@ ModelCounts countModel(const ZORModel& model);
 /// large.
 std::string describeCounts(const KindCounts& counts, bool databaseWords);
 
-/// An object with a member for every kind, zeros included.
+/// An object with a member for every kind that is no detail, zeros included.
 void writeCounts(JsonWriter& json, const KindCounts& counts);
 
 }  // namespace cli

@@ -21,10 +21,13 @@ class ConsoleReadContext : public readers::ReadContext {
 
     void warn(const std::string& where, const std::string& text) override {
         console_.print({.level = Level::WARNING, .subject = sourceName_, .where = where, .text = text});
+        warnings.push_back({where, text});
     }
     void progress(std::uint64_t objects) override { objects_ = objects; }
 
     std::uint64_t objects() const noexcept { return objects_; }
+
+    std::vector<ReaderWarning> warnings;
 
   private:
     const std::string& sourceName_;
@@ -42,16 +45,18 @@ void checkSelection(const readers::Selection& selection, const readers::ReaderDe
     if (reader.takesSelection) {
         return;
     }
-    const std::array<std::pair<const char*, bool>, 6> used = {
-        {{"--schema", !selection.schemas.empty()},
-         {"--exclude-schema", !selection.excludedSchemas.empty()},
-         {"--table", !selection.tables.empty()},
-         {"--exclude-table", !selection.excludedTables.empty()},
-         {"--no-views", !selection.views},
-         {"--no-triggers", !selection.triggers}}};
-    for (const auto& [option, isUsed] : used) {
+    using Part = readers::SelectionPart;
+    const std::array<std::pair<Part, bool>, 6> used = {
+        {{Part::SCHEMAS, !selection.schemas.empty()},
+         {Part::EXCLUDED_SCHEMAS, !selection.excludedSchemas.empty()},
+         {Part::TABLES, !selection.tables.empty()},
+         {Part::EXCLUDED_TABLES, !selection.excludedTables.empty()},
+         {Part::VIEWS, !selection.views},
+         {Part::TRIGGERS, !selection.triggers}}};
+    for (const auto& [part, isUsed] : used) {
         if (isUsed) {
-            refuseForReader(option, reader, "this kind of source is always read as a whole");
+            refuseForReader(std::string(optionFor(part)), reader,
+                            "this kind of source is always read as a whole");
         }
     }
 }
@@ -103,6 +108,24 @@ std::unique_ptr<ZORModel> readWith(const OpenedSource& opened, const readers::Re
 
 }  // namespace
 
+std::string_view optionFor(readers::SelectionPart part) {
+    switch (part) {
+        case readers::SelectionPart::SCHEMAS:
+            return "--schema";
+        case readers::SelectionPart::EXCLUDED_SCHEMAS:
+            return "--exclude-schema";
+        case readers::SelectionPart::TABLES:
+            return "--table";
+        case readers::SelectionPart::EXCLUDED_TABLES:
+            return "--exclude-table";
+        case readers::SelectionPart::VIEWS:
+            return "--no-views";
+        case readers::SelectionPart::TRIGGERS:
+            break;
+    }
+    return "--no-triggers";
+}
+
 ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
                     Progress& progress, ZORViewsToCheck views) {
     const readers::ReaderDescription& description = source.reader->describe();
@@ -119,6 +142,8 @@ ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Cons
                           context, progress);
     requireSound(*read.model, views, source.source.name(), console);
     read.losses = std::move(context.losses);
+    read.unselected = std::move(context.unselected);
+    read.warnings = std::move(context.warnings);
     read.counts = countModel(*read.model);
     return read;
 }

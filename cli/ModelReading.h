@@ -10,12 +10,23 @@
 
 namespace cli {
 
+/// What a reader warned of; the user has been told.
+struct ReaderWarning {
+    std::string where;
+    std::string text;
+};
+
 /// A model that was read and found sound, with what there is to say about it.
 struct ReadModel {
     std::unique_ptr<ZORModel> model;
     readers::LossReport losses;
+    std::vector<readers::Unselected> unselected;
+    std::vector<ReaderWarning> warnings;
     ModelCounts counts;
 };
+
+/// The option by which that part of a selection is given.
+std::string_view optionFor(readers::SelectionPart part);
 
 /// Reads the source as the arguments ask. Warnings go to the console. Throws Failure when the source cannot
 /// be read, the model is unsound for the views, or an option does not fit the reader.

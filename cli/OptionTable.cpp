@@ -106,21 +106,23 @@ void appendBridgeOptions(std::vector<OptionEntry>& table) {
          .permitted = viewNames(),
          .bridgeOption = "Model",
          .take = takeView});
-    table.push_back({.name = "dbm-typeset",
+    table.push_back(
+        {.name = "dbm-typeset",
+         .value = "TYPESET",
+         .description =
+             "the convention for the data types of columns, or \"None\" for none; left out, the one "
+             "of the source's own database, or \"SQL Server 7.x\"",
+         .group = OptionGroup::BRIDGE,
+         .bridgeOption = "DBM TypeSet",
+         .take = takeBridgeValue});
+    table.push_back({.name = "erd-typeset",
                      .value = "TYPESET",
                      .description =
-                         "the convention for the data types of columns; left out, the one of the source's "
-                         "own database, or \"SQL Server 7.x\"",
+                         "the convention for the data types of domains, or \"None\" for none; left out, "
+                         "\"XML Datatypes\"",
                      .group = OptionGroup::BRIDGE,
-                     .bridgeOption = "DBM TypeSet",
+                     .bridgeOption = "ERD TypeSet",
                      .take = takeBridgeValue});
-    table.push_back(
-        {.name = "erd-typeset",
-         .value = "TYPESET",
-         .description = "the convention for the data types of domains; left out, \"XML Datatypes\"",
-         .group = OptionGroup::BRIDGE,
-         .bridgeOption = "ERD TypeSet",
-         .take = takeBridgeValue});
     table.push_back({.name = "indent",
                      .value = "N",
                      .description =

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <system_error>
 
@@ -133,6 +134,17 @@ std::string joinWords(const std::vector<std::string>& words, std::string_view la
         joined += words[i];
     }
     return joined;
+}
+
+std::string foldCase(std::string_view text) {
+    std::string folded(text);
+    std::transform(folded.begin(), folded.end(), folded.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return folded;
+}
+
+bool isEndOfPath(std::string_view path, std::string_view name) {
+    return path.ends_with(name) && (path.size() == name.size() || path[path.size() - name.size() - 1] == '.');
 }
 
 std::string wrap(std::string_view text, std::size_t indent, std::size_t width) {

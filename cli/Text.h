@@ -33,6 +33,12 @@ std::string formatBytes(std::uint64_t bytes);
 /// "a", "a and b", "a, b and c".
 std::string joinWords(const std::vector<std::string>& words, std::string_view lastSeparator = "and");
 
+/// The text with a to z for A to Z.
+std::string foldCase(std::string_view text);
+
+/// Whether the path, names with "." between them, is the name or ends with it.
+bool isEndOfPath(std::string_view path, std::string_view name);
+
 /// Breaks the text at blanks so that no line is longer than `width` where that can be done; lines that the
 /// text has already stay, with the blanks they begin with. Every line is preceded by `indent` blanks and ends
 /// with a line feed.

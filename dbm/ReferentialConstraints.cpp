@@ -68,9 +68,8 @@ bool Bridge::isExportableDBMForeignKey(ZORForeignKey* key) const {
         }
         if (isPhysical != isExportableDBMModelObject(counterpart)) {
             mark = MARK_NOT_EXPORTABLE;
-            return leaveOut(key, DBM,
-                            "of its column \"{0}\" and the referenced one, only one is in the database",
-                            column);
+            return leaveOut(
+                key, DBM, "only one of its column \"{0}\" and the referenced one is in the database", column);
         }
         if (isPhysical) {
             mark = MARK_EXPORTABLE;

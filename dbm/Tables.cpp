@@ -1,6 +1,7 @@
 // Tables, and the order of what stands in one.
 
 #include "LazyCollection.h"
+#include "LeavingReasons.h"
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
@@ -19,12 +20,13 @@ bool Bridge::isExportableDBMTableForeignKey(ZORKey* key) const {
     if (key->getElementType() != ZOR_FOREIGN_KEY) {
         return false;
     }
-    const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
+    const auto* foreignKey = static_cast<const ZORForeignKey*>(key);
+    const ZORAssociationRole* role = foreignKey->getAssociationRole();
     if (role == nullptr) {
         return leaveOut(key, DBM, "it belongs to no relationship");
     }
     return isExportableDBMAssociation(role->getAssociation()) ||
-           leaveOutWith(key, DBM, "its relationship \"{0}\" is left out", role->getAssociation());
+           leaveOutWith(key, DBM, describeRelationshipOf(*foreignKey), role->getAssociation());
 }
 
 void Bridge::printDBMClass(ZORClass* cls) {

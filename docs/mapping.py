@@ -43,7 +43,8 @@ def sentence(text):
 
 
 def remark(*parts):
-    return "; ".join(part for part in parts if part)
+    texts = [part for part in parts if part]
+    return "; ".join([text.removesuffix(".") for text in texts[:-1]] + texts[-1:])
 
 
 def condition(part):

@@ -1,6 +1,6 @@
 // Keys of entities, and the filters that decide which of them there are.
 
-#include "MicrosoftSqlServerMdsMdcExport.h"
+#include "LeavingReasons.h"
 
 using Bridge = ZORMicrosoftSqlServerMdsMdcExportBridge;
 
@@ -13,12 +13,13 @@ bool Bridge::isExportableERDKey(ZORKey* key) const {
     }
     // Of several relationships and generalizations that share the key, the one that has it as its own
     // decides: another one that is written refers to the key even when this one leaves it out.
-    const ZORAssociationRole* role = static_cast<ZORForeignKey*>(key)->getAssociationRole();
+    const auto* foreignKey = static_cast<const ZORForeignKey*>(key);
+    const ZORAssociationRole* role = foreignKey->getAssociationRole();
     if (role == nullptr) {
         return leaveOut(key, ERD, "it belongs to no relationship");
     }
     return isExportableERDAssociation(role->getAssociation()) ||
-           leaveOutWith(key, ERD, "its relationship \"{0}\" is left out", role->getAssociation());
+           leaveOutWith(key, ERD, describeRelationshipOf(*foreignKey), role->getAssociation());
 }
 
 bool Bridge::isExportableERDCandidateKey(ZORCandidateKey* key) const {
@@ -61,7 +62,7 @@ bool Bridge::isExportableERDForeignKey(ZORForeignKey* key) const {
         }
         if (isLogical != isExportableERDModelObject(counterpart)) {
             mark = MARK_NOT_EXPORTABLE;
-            return leaveOut(key, ERD, "of its attribute \"{0}\" and the referenced one, only one is logical",
+            return leaveOut(key, ERD, "only one of its attribute \"{0}\" and the referenced one is logical",
                             attribute);
         }
         if (isLogical) {

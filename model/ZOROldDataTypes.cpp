@@ -10,11 +10,6 @@
 
 namespace {
 
-struct KeyRow {
-    std::string_view key;
-    std::string_view spellings;  ///< with commas between them, reduced as `ReducedName` says
-};
-
 /// The keys, which stand for themselves when written exactly so, and the spellings of SQLite, PostgreSQL,
 /// MySQL, SQL Server, Oracle, DB2 and the SQL standard that lead to them.
 ///
@@ -23,7 +18,7 @@ struct KeyRow {
 /// of 64 bits are decimals. What no key stands for has the key of the form in which it is exchanged: text for
 /// UUIDs, intervals, enumerations and network addresses, bytes for row versions. Arrays, geometries and
 /// variants have none, and no spelling leads to AUTOINCREMENT.
-constexpr KeyRow KEYS[] = {
+constexpr ZOROldDataTypeNames KEYS[] = {
     {"SQL_BINARY", "BINARY,CHAR BYTE,CHAR FOR BIT DATA,CHARACTER FOR BIT DATA,RAW,ROWVERSION"},
     {"SQL_BOOLEAN", "BIT,BOOL,BOOLEAN"},
     {"SQL_CHAR",
@@ -73,7 +68,7 @@ struct Spelling {
 
 consteval std::size_t countSpellings() {
     std::size_t count = 0;
-    for (const KeyRow& row : KEYS) {
+    for (const ZOROldDataTypeNames& row : KEYS) {
         count += row.spellings.empty() ? 1U : 2U;
         count += static_cast<std::size_t>(std::count(row.spellings.begin(), row.spellings.end(), ','));
     }
@@ -300,8 +295,12 @@ const ZORString& getOldDataType(const ZORString& typeName) {
     static const auto TEXTS = [] {
         std::array<ZORString, NO_KEY + 1> texts;  // the last one stays empty
         std::transform(std::begin(KEYS), std::end(KEYS), texts.begin(),
-                       [](const KeyRow& row) { return row.key; });
+                       [](const ZOROldDataTypeNames& row) { return row.key; });
         return texts;
     }();
     return TEXTS[findKey(typeName.view())];
+}
+
+std::span<const ZOROldDataTypeNames> getOldDataTypeNames() noexcept {
+    return KEYS;
 }

@@ -76,6 +76,16 @@ struct Selection {
     }
 };
 
+/// What of a selection leaves something out.
+enum class SelectionPart { SCHEMAS, EXCLUDED_SCHEMAS, TABLES, EXCLUDED_TABLES, VIEWS, TRIGGERS };
+
+/// Something that the source has and the selection does not want.
+struct Unselected {
+    std::string kind;   ///< "table", "view" or "trigger"
+    std::string where;  ///< "main.customer"
+    SelectionPart by;
+};
+
 /// A source as it was named, with what is needed to recognise it.
 class Source {
   public:
@@ -122,6 +132,7 @@ class ReadContext {
     virtual void progress(std::uint64_t objects) = 0;
 
     LossReport losses;
+    std::vector<Unselected> unselected;
 };
 
 struct ReaderOption {

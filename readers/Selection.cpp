@@ -40,12 +40,15 @@ Specificity specificityOfQualified(std::string_view pattern) {
     return {closenessOf(pattern.substr(dot + 1)), closenessOf(pattern.substr(0, dot))};
 }
 
+enum class Decision { WANTED, NOT_INCLUDED, EXCLUDED };
+
 /// Lets every pattern that fits mark itself, and the most specific one decide. `fit` tells of one pattern how
 /// specific it is, or nothing when it does not fit.
 template <typename Patterns, typename Fit>
-bool decide(Patterns& patterns, const Fit& fit) {
-    bool isWanted =
+Decision decide(Patterns& patterns, const Fit& fit) {
+    const bool includesAll =
         std::none_of(patterns.begin(), patterns.end(), [](const auto& pattern) { return !pattern.excludes; });
+    Decision decision = includesAll ? Decision::WANTED : Decision::NOT_INCLUDED;
     std::optional<Specificity> decisive;
     for (auto& pattern : patterns) {
         const std::optional<Specificity> specificity = fit(pattern);
@@ -55,10 +58,22 @@ bool decide(Patterns& patterns, const Fit& fit) {
         pattern.matched = true;
         if (!decisive || *specificity > *decisive || (*specificity == *decisive && pattern.excludes)) {
             decisive = specificity;
-            isWanted = !pattern.excludes;
+            decision = pattern.excludes ? Decision::EXCLUDED : Decision::WANTED;
         }
     }
-    return isWanted;
+    return decision;
+}
+
+std::optional<SelectionPart> partFor(Decision decision, SelectionPart inclusions, SelectionPart exclusions) {
+    switch (decision) {
+        case Decision::NOT_INCLUDED:
+            return inclusions;
+        case Decision::EXCLUDED:
+            return exclusions;
+        case Decision::WANTED:
+            break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -114,22 +129,23 @@ std::string SelectionMatcher::comparedForm(std::string_view text) const {
     return form;
 }
 
-bool SelectionMatcher::wantsSchema(std::string_view schema) {
+std::optional<SelectionPart> SelectionMatcher::findSchemaRefusal(std::string_view schema) {
     const std::string name = comparedForm(schema);
-    return decide(schemas_, [&](const Pattern& pattern) {
+    const Decision decision = decide(schemas_, [&](const Pattern& pattern) {
         return matchesPattern(pattern.compared, name)
                    ? std::optional(Specificity{closenessOf(pattern.given), {}})
                    : std::nullopt;
     });
+    return partFor(decision, SelectionPart::SCHEMAS, SelectionPart::EXCLUDED_SCHEMAS);
 }
 
-bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view table) {
-    if (!wantsSchema(schema)) {
-        return false;
+std::optional<SelectionPart> SelectionMatcher::findRefusal(std::string_view schema, std::string_view table) {
+    if (const std::optional<SelectionPart> refusal = findSchemaRefusal(schema)) {
+        return refusal;
     }
     const std::string name = comparedForm(table);
     const std::string qualified = comparedForm(schema) + '.' + name;
-    return decide(tables_, [&](const Pattern& pattern) -> std::optional<Specificity> {
+    const Decision decision = decide(tables_, [&](const Pattern& pattern) -> std::optional<Specificity> {
         if (matchesPattern(pattern.compared, name)) {
             return Specificity{closenessOf(pattern.given), {}};
         }
@@ -138,6 +154,7 @@ bool SelectionMatcher::wantsTable(std::string_view schema, std::string_view tabl
                    ? std::optional(specificityOfQualified(pattern.given))
                    : std::nullopt;
     });
+    return partFor(decision, SelectionPart::TABLES, SelectionPart::EXCLUDED_TABLES);
 }
 
 std::vector<std::string> SelectionMatcher::unmatchedPatterns() const {

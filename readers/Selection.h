@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,9 +22,13 @@ class SelectionMatcher {
   public:
     explicit SelectionMatcher(const Selection& selection, LetterCase letterCase = LetterCase::COUNTS);
 
-    bool wantsSchema(std::string_view schema);
+    bool wantsSchema(std::string_view schema) { return !findSchemaRefusal(schema).has_value(); }
     /// For a table or a view. The patterns for tables are asked only when the schema is wanted.
-    bool wantsTable(std::string_view schema, std::string_view table);
+    bool wantsTable(std::string_view schema, std::string_view table) {
+        return !findRefusal(schema, table).has_value();
+    }
+    /// The same, with what leaves the table out; nothing for one that is wanted.
+    std::optional<SelectionPart> findRefusal(std::string_view schema, std::string_view table);
 
     /// The patterns that have matched none of the names asked for so far, as they were given: those for
     /// schemas before those for tables, and of each the including ones first.
@@ -40,6 +45,7 @@ class SelectionMatcher {
     };
     using Patterns = std::vector<Pattern>;
 
+    std::optional<SelectionPart> findSchemaRefusal(std::string_view schema);
     void addPatterns(Patterns& patterns, const std::vector<std::string>& given, bool excludes) const;
     std::string comparedForm(std::string_view text) const;
 

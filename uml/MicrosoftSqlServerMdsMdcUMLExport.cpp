@@ -202,6 +202,7 @@ void Bridge::printUMLElement(ZORModelElement* element, CommentList& comments) {
             printUMLRealization(static_cast<ZORRealization*>(element), comments);
             break;
         default:
+            // The filter lets no other kind through.
             break;
     }
 }

@@ -32,6 +32,11 @@ class ZORExportObserver {
     /// objects, so that one can count how often it holds: "its class is left out".
     virtual void leftOut(const ZORObject* object, const char* area, const ZORString& reason,
                          const ZORString& reasonInGeneral) = 0;
+    /// Told behind `written` of an object that stands for several elements, of each that is missing. The
+    /// exception is the rest of a sentence behind "but": "not for \"Order\": its class \"Order\" is left
+    /// out".
+    virtual void writtenExcept(const ZORObject* /*object*/, const char* /*area*/,
+                               const ZORString& /*exception*/) {}
 };
 
 /// What an export bridge may offer besides: its interface object is then one of this class too, as a

@@ -9,7 +9,7 @@
 
 #include "ZORString.h"
 
-/// Where the bytes of a file go: the one operation below `ZORFile`.
+/// Where the bytes of a file go, below `ZORFile`.
 class ZORSink {
   public:
     virtual ~ZORSink() = default;

@@ -10,7 +10,8 @@ const ZORMessageLiteralOf<ZORString> QLCM::BRIDGE_UNEXPECTED_ERROR(
     "BRIDGE_UNEXPECTED_ERROR", PREFIX, "1", "An unexpected error occurred in the bridge '{0}'", "FATAL");
 const ZORMessageLiteralOf<ZORString, ZORString> QLCM::ICU_CONVERSION_ERROR(
     "ICU_CONVERSION_ERROR", PREFIX, "2",
-    "{0} characters that an XML document cannot hold were replaced, in {1} texts of the model", "WARNING");
+    "characters that an XML document cannot hold were replaced: {0}, in this many texts of the model: {1}",
+    "WARNING");
 const ZORMessageLiteralOf<ZORString, ZORString> QLCM::FILE_WRITE_ERROR("FILE_WRITE_ERROR", PREFIX, "3",
                                                                        "Unable to write file '{0}': {1}",
                                                                        "FATAL");

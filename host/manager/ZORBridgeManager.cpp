@@ -233,6 +233,10 @@ void ZORBridge::run(ZORModel& model, ZOROptionList& options, ZORLog& log) const 
     }
 }
 
+bool ZORBridge::canInspect() const noexcept {
+    return dynamic_cast<ZORBridgeInspectionInterface*>(&getInterface()) != nullptr;
+}
+
 void ZORBridge::inspect(ZORModel& model, ZOROptionList& options, ZORLog& log,
                         ZORExportObserver& observer) const {
     auto* inspection = dynamic_cast<ZORBridgeInspectionInterface*>(&getInterface());

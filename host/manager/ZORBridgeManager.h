@@ -26,8 +26,10 @@ class ZORBridge {
     /// lists what is wrong, a line each) or the export fails; the model is as before in either case.
     void run(ZORModel& model, ZOROptionList& options, ZORLog& log) const;
 
+    /// Whether the bridge tells what it would write, which is for a bridge to offer or not.
+    bool canInspect() const noexcept;
     /// Checks the model and lets the bridge tell the observer what it would write of it. Throws a
-    /// ZORException when the model is unsound, the bridge does not offer this, or it fails.
+    /// ZORException when the model is unsound, the bridge cannot inspect, or it fails.
     void inspect(ZORModel& model, ZOROptionList& options, ZORLog& log, ZORExportObserver& observer) const;
 
     /// The bridge's own interface object.

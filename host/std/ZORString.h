@@ -1,5 +1,9 @@
 #pragma once
 
+#if __cplusplus < 202002L
+#error "the ZOR libraries need C++20: compile with -std=c++20"
+#endif
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

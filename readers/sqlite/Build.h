@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -64,7 +65,14 @@ struct Build {
 
     /// Null for a table that was not selected, or does not exist.
     TableModel* table(std::string_view name);
+    /// Whether the selection has it. What it does not have, the context is told of.
+    bool selectsTable(const std::string& name);
+    bool selectsView(const std::string& name);
+    bool selectsTrigger(const TriggerFacts& trigger);
     void warn(const std::string& where, const std::string& text) { monitor.context().warn(where, text); }
+
+  private:
+    bool tellSelected(const char* kind, const std::string& where, std::optional<SelectionPart> refusal);
 };
 
 /// How messages call an object: "main.customer.name".

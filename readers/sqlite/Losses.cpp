@@ -83,7 +83,7 @@ class TableLosses {
         const auto& kept = model_.valueChecks;
         for (const CheckConstraint& check : definition_.checks) {
             if (std::find(kept.begin(), kept.end(), &check) == kept.end()) {
-                add("CHECK expressions", check.column.empty() ? check.name : check.column, check.expression);
+                add("CHECK expressions", check.name.empty() ? check.column : check.name, check.expression);
             }
         }
     }

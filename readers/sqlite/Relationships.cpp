@@ -15,6 +15,7 @@ using Columns = std::vector<ZORAttribute*>;
 /// A foreign key whose other end was found.
 struct Relationship {
     std::string name;
+    std::string declaredName;  ///< empty: the name is made up
     const ForeignKeyFacts* facts = nullptr;
     TableModel* child = nullptr;
     TableModel* parent = nullptr;
@@ -83,10 +84,12 @@ void RelationshipBuilder::find(TableModel& child, std::size_t index, std::vector
     Relationship relationship;
     relationship.child = &child;
     relationship.facts = &child.facts->foreignKeys[index];
-    const ReferenceConstraint* declaration = declarationOf(*child.facts, index);
+    if (const ReferenceConstraint* declaration = declarationOf(*child.facts, index)) {
+        relationship.declaredName = declaration->name;
+    }
     relationship.name =
-        declaration != nullptr && !declaration->name.empty()
-            ? declaration->name
+        !relationship.declaredName.empty()
+            ? relationship.declaredName
             : build_.names.makeUp(child.facts->name + "_" + join(relationship.facts->columns, "_") + "_fk");
     if (!findParent(relationship)) {
         return;
@@ -151,9 +154,9 @@ std::string RelationshipBuilder::findColumns(Relationship& relationship) {
 
 void RelationshipBuilder::leaveOut(const Relationship& relationship, const std::string& reason) {
     const ForeignKeyFacts& facts = *relationship.facts;
-    build_.warn(placeOf(relationship.child->facts->name), "the reference of " + join(facts.columns, ", ") +
-                                                              " to " + facts.parentTable +
-                                                              " is left out: " + reason);
+    build_.warn(placeOf(relationship.child->facts->name, relationship.declaredName),
+                "the reference of " + join(facts.columns, ", ") + " to " + facts.parentTable +
+                    " is left out: " + reason);
 }
 
 /// A unique index serves as well as a constraint.

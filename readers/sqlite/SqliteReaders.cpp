@@ -56,9 +56,7 @@ std::unique_ptr<ZORModel> buildModel(const Connection& connection, const std::st
     sqlite::addViews(build);
     sqlite::addRelationships(build);
     sqlite::addIndexes(build);
-    if (request.selection.triggers) {
-        sqlite::addTriggers(build);
-    }
+    sqlite::addTriggers(build);
     build.matcher.warnOfUnmatchedPatterns(monitor.context());
     return model;
 }

@@ -121,6 +121,36 @@ TableModel* Build::table(std::string_view name) {
     return found == tableIndexes.end() ? nullptr : &tables[found->second];
 }
 
+bool Build::selectsTable(const std::string& name) {
+    return tellSelected("table", placeOf(name), matcher.findRefusal(MAIN_SCHEMA, name));
+}
+
+bool Build::selectsView(const std::string& name) {
+    std::optional<SelectionPart> refusal = matcher.findRefusal(MAIN_SCHEMA, name);
+    if (!refusal && !request.selection.views) {
+        refusal = SelectionPart::VIEWS;
+    }
+    return tellSelected("view", placeOf(name), refusal);
+}
+
+/// A trigger goes with its table or view.
+bool Build::selectsTrigger(const TriggerFacts& trigger) {
+    std::optional<SelectionPart> refusal = matcher.findRefusal(MAIN_SCHEMA, trigger.table);
+    if (!refusal && !request.selection.triggers) {
+        refusal = SelectionPart::TRIGGERS;
+    } else if (!refusal && table(trigger.table) == nullptr && !request.selection.views) {
+        refusal = SelectionPart::VIEWS;
+    }
+    return tellSelected("trigger", placeOf(trigger.table, trigger.name), refusal);
+}
+
+bool Build::tellSelected(const char* kind, const std::string& where, std::optional<SelectionPart> refusal) {
+    if (refusal) {
+        monitor.context().unselected.push_back({kind, where, *refusal});
+    }
+    return !refusal;
+}
+
 std::string placeOf(std::string_view object, std::string_view part) {
     std::string place(MAIN_SCHEMA);
     place.append(".").append(object);
@@ -140,7 +170,7 @@ std::string join(const std::vector<std::string>& names, std::string_view between
 
 void addTables(Build& build) {
     for (const TableFacts& facts : build.catalog.tables) {
-        if (!build.matcher.wantsTable(MAIN_SCHEMA, facts.name)) {
+        if (!build.selectsTable(facts.name)) {
             continue;
         }
         auto cls = std::make_unique<ZORClass>();

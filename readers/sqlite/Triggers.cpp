@@ -34,6 +34,9 @@ std::unique_ptr<ZORTrigger> triggerOf(Build& build, const TriggerFacts& facts) {
 
 void addTriggers(Build& build) {
     for (const TriggerFacts& facts : build.catalog.triggers) {
+        if (!build.selectsTrigger(facts)) {
+            continue;
+        }
         const auto view = build.views.find(foldCase(facts.table));
         if (TableModel* table = build.table(facts.table)) {
             table->cls->addOperation(triggerOf(build, facts));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 #include <unordered_set>
 
 #include "SqlTokens.h"
@@ -10,10 +11,29 @@ namespace readers::sqlite {
 
 namespace {
 
-std::int16_t codeOf(std::string_view number) {
-    std::int16_t code = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), code);
-    return result.ec == std::errc() && result.ptr == number.data() + number.size() ? code : std::int16_t(0);
+/// Of digits without a sign; nothing for what is no whole number, or one that has no room.
+std::optional<std::int64_t> wholeNumberOf(std::string_view digits) {
+    const bool isHexadecimal = digits.starts_with("0x") || digits.starts_with("0X");
+    digits.remove_prefix(isHexadecimal ? 2 : 0);
+    std::uint64_t number = 0;
+    const char* end = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), end, number, isHexadecimal ? 16 : 10);
+    const bool hasRoom = isHexadecimal || number <= std::numeric_limits<std::int64_t>::max();
+    if (result.ec != std::errc() || result.ptr != end || !hasRoom) {
+        return std::nullopt;
+    }
+    // SQLite takes hexadecimal digits for the bits of a number: 0xffffffffffffffff is -1.
+    return static_cast<std::int64_t>(number);
+}
+
+std::int16_t codeOf(std::string_view digits, bool isNegative) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    std::int64_t number = wholeNumberOf(digits).value_or(0);
+    if (isNegative && number > std::numeric_limits<std::int64_t>::min()) {
+        number = -number;
+    }
+    return number < Limits::min() || number > Limits::max() ? std::int16_t(0)
+                                                            : static_cast<std::int16_t>(number);
 }
 
 /// Reads one expression. Whatever does not belong to the one form that is understood makes it give nothing.
@@ -62,8 +82,7 @@ class ValueListParser {
         const bool isSigned = isNegative || cursor_.accept('+');
         const Token token = cursor_.next();
         if (token.kind == Token::Kind::NUMBER) {
-            const std::string number = (isNegative ? "-" : "") + std::string(token.text);
-            add(number, codeOf(number));
+            add((isNegative ? "-" : "") + std::string(token.text), codeOf(token.text, isNegative));
             return true;
         }
         if (isSigned) {
@@ -71,6 +90,10 @@ class ValueListParser {
         }
         if (token.kind == Token::Kind::STRING || isTextInNameQuotes(token)) {
             add(token.name(), 0);
+            return true;
+        }
+        if (isTruthValue(token)) {
+            add(std::string(token.text), token.is("TRUE") ? 1 : 0);
             return true;
         }
         if (token.kind == Token::Kind::BLOB) {
@@ -87,6 +110,11 @@ class ValueListParser {
         return token.kind == Token::Kind::QUOTED_NAME && token.text.front() == '"' &&
                table_.column(name) == nullptr && !isRowName("rowid") && !isRowName("oid") &&
                !isRowName("_rowid_");
+    }
+
+    /// TRUE and FALSE are names of 1 and 0 where there is no such column.
+    bool isTruthValue(const Token& token) const {
+        return (token.is("TRUE") || token.is("FALSE")) && table_.column(token.text) == nullptr;
     }
 
     void add(std::string text, std::int16_t code) {

@@ -13,8 +13,8 @@ namespace readers::sqlite {
 /// What a CHECK of the form `column IN (literal, ...)` permits.
 struct ValueList {
     struct Value {
-        std::string text;       ///< a text without its quotes; numbers and blobs as written
-        std::int16_t code = 0;  ///< the number, where it is a whole one of 16 bits; else 0
+        std::string text;       ///< a text without its quotes; everything else as written
+        std::int16_t code = 0;  ///< the number, where it is a whole one of 16 bits, and 1 of TRUE; else 0
     };
     std::string column;         ///< as the CHECK spells it
     std::vector<Value> values;  ///< each once, in the order in which they stand; never empty

@@ -106,7 +106,7 @@ void addViews(Build& build) {
     }
     nesting.measure();
     for (const ViewFacts& facts : build.catalog.views) {
-        if (build.matcher.wantsTable(MAIN_SCHEMA, facts.name) && build.request.selection.views) {
+        if (build.selectsView(facts.name)) {
             addView(build, facts, nesting);
             build.monitor.advance();
         }

@@ -1,6 +1,7 @@
 // Exports that break off: at every write, when the file is closed, by the host's exception or another one.
 // The model is as before in every case, and the host is told what went wrong first.
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "EverythingModel.h"
@@ -11,6 +12,8 @@
 namespace {
 
 using namespace support;
+using ::testing::EndsWith;
+using ::testing::StartsWith;
 
 /// Makes exports write to what the opener gives, as long as it lives.
 class Opener {
@@ -92,13 +95,24 @@ struct ThrowingLog : ZORLog {
     void log(const ZORLogEvent&) override { throw ZORException("the log is full"); }
 };
 
-TEST(BrokenLog, EndsTheExportAndLeavesTheModelAsBefore) {
+/// Lets what is written wait in the file's buffer, as long as it lives.
+class FullBuffers {
+  public:
+    FullBuffers() { ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL); }
+    ~FullBuffers() { ZORFile::setFlushPolicy(ZORFlushPolicy::EACH_LINE); }
+    FullBuffers(const FullBuffers&) = delete;
+    FullBuffers& operator=(const FullBuffers&) = delete;
+};
+
+TEST(BrokenLog, EndsTheExportWithWhatWasWrittenSoFarAndLeavesTheModelAsBefore) {
     ModelBuilder model;
     model.addTable("Customer");
     model.addTable("Customer");
     const std::string before = dumpModel(*model.model());
-    const MemoryFiles files;
-    TestOptions options({{"Model", "ERD"}});
+    auto record = std::make_shared<SinkRecord>();
+    const Opener opener([&](const ZORString&) { return std::make_unique<MemorySink>(record); });
+    const FullBuffers policy;
+    TestOptions options({{"Model", "ERD"}, {"XML Indentation (pretty printing)", ""}});
     ThrowingLog log;
     try {
         getZORMicrosoftSqlServerMdsMdcExportInterface()->run({}, *model.model(), options, log);
@@ -107,10 +121,15 @@ TEST(BrokenLog, EndsTheExportAndLeavesTheModelAsBefore) {
         EXPECT_EQ(failure.getText().view(), "the log is full");
     }
     EXPECT_EQ(dumpModel(*model.model()), before);
+    // The second customer's new name is what the log is told of.
+    const std::string end = "<erd:Entity oim:id=\"_3\" name=\"Customer\">\n</erd:Entity>\n";
+    EXPECT_THAT(record->text(), StartsWith("<?xml "));
+    EXPECT_THAT(record->text(), EndsWith(end));
+    EXPECT_EQ(record->closes, 1);
 }
 
 TEST(BrokenFile, WritesNothingBehindTheFailedWriteOfAFullBuffer) {
-    ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL);
+    const FullBuffers policy;
     const ModelBuilder model = makeEverything();
     const std::string before = dumpModel(*model.model());
     auto record = std::make_shared<SinkRecord>();
@@ -119,7 +138,6 @@ TEST(BrokenFile, WritesNothingBehindTheFailedWriteOfAFullBuffer) {
     CollectingLog log;
     EXPECT_THROW(getZORMicrosoftSqlServerMdsMdcExportInterface()->run({}, *model.model(), options, log),
                  ZORException);
-    ZORFile::setFlushPolicy(ZORFlushPolicy::EACH_LINE);
     EXPECT_EQ(record->attempts, 1U);
     EXPECT_EQ(dumpModel(*model.model()), before);
 }

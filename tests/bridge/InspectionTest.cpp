@@ -9,60 +9,14 @@
 
 #include "EverythingModel.h"
 #include "ModelDump.h"
-#include "TestBridge.h"
+#include "Verdicts.h"
 #include "model_document/ModelDocumentReader.h"
 
 namespace {
 
 using namespace support;
-using testing::IsEmpty;
-
-struct Verdict {
-    std::string tag;  ///< empty: left out
-    std::string reason;
-    std::string reasonInGeneral;
-};
-
-/// Keeps what it is told.
-class Verdicts : public ZORExportObserver {
-  public:
-    using Key = std::pair<const ZORObject*, std::string>;
-
-    void written(const ZORObject* object, const char* area, const ZORString& tag) override {
-        add(object, area, {std::string(tag.view()), {}, {}});
-    }
-    void leftOut(const ZORObject* object, const char* area, const ZORString& reason,
-                 const ZORString& reasonInGeneral) override {
-        add(object, area, {{}, std::string(reason.view()), std::string(reasonInGeneral.view())});
-    }
-
-    /// "as TAG", or the reason; "nothing" for an object that was not told of.
-    std::string of(const ZORObject* object, const std::string& area) const {
-        const auto found = verdicts.find({object, area});
-        if (found == verdicts.end()) {
-            return "nothing";
-        }
-        return found->second.tag.empty() ? found->second.reason : "as " + found->second.tag;
-    }
-
-    std::map<Key, Verdict> verdicts;
-    std::size_t repeated = 0;
-
-  private:
-    void add(const ZORObject* object, const char* area, const Verdict& verdict) {
-        repeated += verdicts.emplace(Key{object, area}, verdict).second ? 0U : 1U;
-    }
-};
-
-Verdicts inspect(ZORModel& model, std::initializer_list<std::pair<const char*, const char*>> values) {
-    TestOptions options(values);
-    CollectingLog log;
-    Verdicts verdicts;
-    auto& inspection =
-        dynamic_cast<ZORBridgeInspectionInterface&>(*getZORMicrosoftSqlServerMdsMdcExportInterface());
-    inspection.inspect(model, options, log, verdicts);
-    return verdicts;
-}
+using testing::Not;
+using testing::StartsWith;
 
 /// All objects that a walk over the model comes to.
 class Objects : public ZORTraversalOperation {
@@ -148,7 +102,7 @@ TEST_P(Inspection, ComesToOneVerdictOnEveryObjectForEachArea) {
         for (const std::string& area : areas()) {
             const std::string verdict = verdicts.of(object, area);
             EXPECT_NE(verdict, "nothing") << object->getElementType() << " " << object->getName().view();
-            EXPECT_NE(verdict, "it has no place in the view")
+            EXPECT_THAT(verdict, Not(StartsWith("it has no place in the ")))
                 << area << ": " << object->getElementType() << " " << object->getName().view();
             EXPECT_NE(verdict, "");
         }
@@ -218,177 +172,5 @@ INSTANTIATE_TEST_SUITE_P(Examples, Inspection,
                          testing::Combine(testing::ValuesIn(EXAMPLES),
                                           testing::Values("UML", "ERD", "DBM", "ERD and DBM")),
                          nameOf);
-
-/// A parent and a child table with a relationship, in the second view and the third one.
-class InspectionReasons : public testing::Test {
-  protected:
-    InspectionReasons() {
-        parent = model.addTable("Parent", {"id"});
-        parentKey = model.addPrimaryKey(parent, "PK", {"id"});
-        child = model.addTable("Child", {"id", "note"});
-        foreignKey = model.addForeignKey(child, "FK", {"id"}, parentKey);
-        association = model.addRelationship("R", foreignKey);
-    }
-    std::string reason(const ZORObject* object, const std::string& area) const {
-        const Verdicts verdicts = inspect(*model.model(), {{"Model", area == "uml" ? "UML" : "ERD and DBM"},
-                                                           {"DBM TypeSet", "SQL Server 7.x"}});
-        return verdicts.of(object, area);
-    }
-    static void makePhysical(ZORModelObject* object) { object->setDesignLevel(ZOR_PHYSICAL_ONLY); }
-    static void makeLogical(ZORModelObject* object) { object->setDesignLevel(ZOR_LOGICAL_ONLY); }
-
-    ModelBuilder model;
-    ZORClass* parent = nullptr;
-    ZORClass* child = nullptr;
-    ZORCandidateKey* parentKey = nullptr;
-    ZORForeignKey* foreignKey = nullptr;
-    ZORAssociation* association = nullptr;
-};
-
-TEST_F(InspectionReasons, OfARelationshipGoBackToWhatIsBehindThem) {
-    makePhysical(child->getAttribute("id"));
-    const std::string ofKey = "of its attribute \"id\" and the referenced one, only one is logical";
-    EXPECT_EQ(reason(foreignKey, "erd"), ofKey);
-    EXPECT_EQ(reason(association, "erd"), "its foreign key \"FK\" is left out: " + ofKey);
-    EXPECT_EQ(reason(association->getRoles()[1], "erd"), "its foreign key \"FK\" is left out: " + ofKey);
-    EXPECT_EQ(reason(association->getRoles()[0], "erd"),
-              "its relationship \"R\" is left out: its foreign key \"FK\" is left out: " + ofKey)
-        << "of itself it could stand";
-}
-
-TEST_F(InspectionReasons, OfPartsAreThoseOfTheWhole) {
-    makeLogical(child);
-    EXPECT_EQ(reason(child, "dbm"), "it is logical only");
-    EXPECT_EQ(reason(child->getAttribute("note"), "dbm"),
-              "its table \"Child\" is left out: it is logical only");
-    EXPECT_EQ(reason(association, "dbm"), "its table \"Child\" is left out: it is logical only");
-    EXPECT_EQ(reason(foreignKey, "dbm"), "its table \"Child\" is left out: it is logical only");
-}
-
-TEST_F(InspectionReasons, OfAForeignKeyOfALeftOutRelationshipNameIt) {
-    makePhysical(association);
-    EXPECT_EQ(reason(foreignKey, "erd"), "its relationship \"R\" is left out: it is physical only");
-    EXPECT_EQ(reason(model.addForeignKey(child, "alone", {"note"}, parentKey), "dbm"),
-              "it belongs to no relationship");
-}
-
-TEST_F(InspectionReasons, OfAGeneralizationAreThoseOfItsPairs) {
-    ZORGeneralization* without = model.addGeneralization("without", {parent}, {child});
-    ZORGeneralization* several = model.addGeneralization("several", {parent, child}, {child});
-    ZORGeneralization* with = model.addGeneralization("with", {parent}, {child});
-    with->addForeignKey(model.addForeignKey(child, "FK2", {"id"}, parentKey));
-    for (const char* area : {"erd", "dbm"}) {
-        EXPECT_EQ(reason(without, area), "no foreign key stands behind it");
-        EXPECT_EQ(reason(several, area), "it does not have exactly one supertype");
-    }
-    EXPECT_EQ(reason(with, "erd"), "as erd:Relationship");
-    EXPECT_EQ(reason(with, "dbm"), "as dbm:ReferentialConstraint");
-    EXPECT_EQ(reason(several, "uml"), "as uml:Generalization");
-    makePhysical(child);
-    EXPECT_EQ(reason(with, "erd"), "its class \"Child\" is left out: it is physical only");
-    EXPECT_EQ(reason(several, "uml"), "its class \"Child\" is left out: it is physical only");
-}
-
-TEST_F(InspectionReasons, OfAnAssociationWithAClassAreThoseOfTheClass) {
-    ZORClass* details = model.addTable("Details");
-    association->setAssociationClass(details);
-    EXPECT_EQ(reason(association, "uml"), "as uml:AssociationClass");
-    EXPECT_EQ(reason(association->getRoles()[0], "uml"), "as uml:AssociationEnd");
-    makePhysical(details);
-    const std::string ofClass = "its association class \"Details\" is left out: it is physical only";
-    EXPECT_EQ(reason(association, "uml"), ofClass);
-    EXPECT_EQ(reason(association->getRoles()[0], "uml"), "its association \"R\" is left out: " + ofClass);
-}
-
-TEST_F(InspectionReasons, OfAClassTypeDependOnItsClass) {
-    auto* type = model.addType<ZORClassType>("Parent", "");
-    type->setAssociatedClass(parent);
-    EXPECT_EQ(reason(type, "uml"), "its class \"Parent\" is written in its place");
-    makePhysical(parent);
-    EXPECT_EQ(reason(type, "uml"), "its class \"Parent\" is left out: it is physical only");
-}
-
-TEST_F(InspectionReasons, OfKindsThatAViewHasNoneOfSaySo) {
-    ZORSQLViewEntity* view = model.addView("V");
-    auto* procedure = model.addOperation<ZORStoredProcedure>(model.package(), "clean");
-    for (const char* area : {"uml", "erd"}) {
-        EXPECT_EQ(reason(view, area), "the view has no SQL views");
-        EXPECT_EQ(reason(model.addViewColumn(view, "c"), area),
-                  "its view \"V\" is left out: the view has no SQL views");
-    }
-    EXPECT_EQ(reason(procedure, "uml"), "the view has no operations of packages");
-    EXPECT_EQ(reason(procedure, "erd"), "the view has no operations");
-    EXPECT_EQ(reason(procedure, "dbm"), "as dbm:StoredProcedure");
-    EXPECT_EQ(reason(model.package(), "erd"), "the view has no packages");
-}
-
-TEST_F(InspectionReasons, OfTypesTellWhetherColumnsUseThem) {
-    ZORType* unused = model.addType("unused", "SQL_CHAR");
-    EXPECT_EQ(reason(unused, "dbm"), "no column in the view has it");
-    EXPECT_EQ(reason(unused, "uml"), "nothing refers to it");
-    EXPECT_EQ(reason(model.number, "dbm"), "as dbm:ColumnType");
-    ZORType* alias = model.addAlias("alias", model.number);
-    child->getAttribute("note")->setType(alias);
-    EXPECT_EQ(reason(alias, "dbm"), "columns are written with the type that it stands for");
-    const Verdicts none = inspect(*model.model(), {{"Model", "DBM"}, {"DBM TypeSet", "None"}});
-    EXPECT_EQ(none.of(model.number, "dbm"), "no type set is chosen for the view");
-}
-
-TEST_F(InspectionReasons, OfValuesTellOfWhichTypesTheErdViewHasThem) {
-    ZORDerivedType* derived = model.addDerived("derived", model.number);
-    EXPECT_EQ(reason(model.addValue(derived, "one", 1, "1"), "erd"), "as erd:Value");
-    EXPECT_EQ(reason(model.addValue(model.number, "one", 1, "1"), "erd"),
-              "only a derived type has its values in the view");
-    EXPECT_EQ(reason(derived->getTypeValues()[0], "uml"), "the view has no values of data types");
-}
-
-TEST_F(InspectionReasons, OfWhatIsInADatabaseCatalogAreThatNobodyLooksThere) {
-    ZORDatabaseCatalog* catalog = model.addCatalog("Oracle");
-    ZORDesignPackage* package = model.addPackage("inside", catalog);
-    const ZORClass* table = model.addTable("T");
-    EXPECT_EQ(reason(package, "erd"), "the view has nothing of what is in a database catalog");
-    EXPECT_EQ(reason(table, "erd"), "the view has nothing of what is in a database catalog");
-}
-
-TEST_F(InspectionReasons, AreToldWithTheNamesThatObjectsHaveInTheModel) {
-    model.addPackage("Second");
-    ZORClass* again = model.addTable("Parent");
-    ZORAttribute* note = model.addColumn(again, "note");
-    makePhysical(note);
-    EXPECT_EQ(reason(again, "erd"), "as erd:Entity") << "under another name";
-    makePhysical(again);
-    EXPECT_EQ(reason(note, "erd"), "it is physical only");
-    note->setDesignLevel(ZOR_LOGICAL_AND_PHYSICAL);
-    EXPECT_EQ(reason(note, "erd"), "its class \"Parent\" is left out: it is physical only");
-}
-
-TEST_F(InspectionReasons, InGeneralNameNoObjects) {
-    makePhysical(child->getAttribute("id"));
-    const Verdicts verdicts = inspect(*model.model(), {{"Model", "ERD"}});
-    EXPECT_EQ(verdicts.verdicts.at({association, "erd"}).reasonInGeneral, "its foreign key is left out");
-    EXPECT_EQ(verdicts.verdicts.at({foreignKey, "erd"}).reasonInGeneral,
-              "of its attribute and the referenced one, only one is logical");
-}
-
-TEST_F(InspectionReasons, WithoutANameToTellLeaveItOut) {
-    association->setName("");
-    makePhysical(association);
-    EXPECT_EQ(reason(foreignKey, "erd"), "its relationship is left out: it is physical only");
-}
-
-TEST_F(InspectionReasons, AreNotToldWhenTheExportFails) {
-    class Throwing : public ZORLog {
-        void log(const ZORLogEvent& /*event*/) override { throw ZORException("no log"); }
-    } log;
-    model.addTable("Parent");
-    TestOptions options{{"Model", "ERD"}};
-    Verdicts verdicts;
-    const std::string before = dumpModel(*model.model());
-    auto& inspection =
-        dynamic_cast<ZORBridgeInspectionInterface&>(*getZORMicrosoftSqlServerMdsMdcExportInterface());
-    EXPECT_THROW(inspection.inspect(*model.model(), options, log, verdicts), ZORException);
-    EXPECT_THAT(verdicts.verdicts, IsEmpty());
-    EXPECT_EQ(dumpModel(*model.model()), before);
-}
 
 }  // namespace

@@ -203,9 +203,10 @@ TEST_F(Run, ReportsWhatCouldNotBeConvertedWhenTheDocumentIsComplete) {
     const std::string text = exportModel(*model.model(), options, log);
     EXPECT_THAT(text, HasSubstr("name=\"bad\xEF\xBF\xBDname\xEF\xBF\xBD\""));
     EXPECT_THAT(text, HasSubstr("</oim:Transfer>\n"));
-    EXPECT_EQ(log.lines(),
-              "[QLCM_W0002] 3 characters that an XML document cannot hold were replaced, in 2 texts of the "
-              "model\n");
+    EXPECT_EQ(
+        log.lines(),
+        "[QLCM_W0002] characters that an XML document cannot hold were replaced: 3, in this many texts of "
+        "the model: 2\n");
 }
 
 TEST_F(Run, LogsNothingOfASoundModel) {

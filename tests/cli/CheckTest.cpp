@@ -186,6 +186,34 @@ INSTANTIATE_TEST_SUITE_P(
                   "shop.sql: line 2, column 1: not well-formed: this is no XML"}),
     [](const auto& row) { return row.param.name; });
 
+TEST_F(Check, OfAnExportTellsWhyAReferencedKeyMayBeMissing) {
+    scratch.write("interface.model.json",
+                  R"({"format": "oim-source-model", "version": 1, "model": {"name": "m",
+        "types": [{"id": "t", "kind": "concrete", "name": "int", "dataType": "SQL_INTEGER"}],
+        "children": [{"kind": "package", "name": "p", "elements": [
+          {"kind": "class", "id": "a", "name": "A", "classType": 2,
+           "attributes": [{"id": "a.i", "name": "i", "type": "t"}],
+           "keys": [{"kind": "candidate", "id": "a.k", "name": "k", "unique": true, "attributes": ["a.i"]}]},
+          {"kind": "class", "id": "b", "name": "B", "attributes": [{"id": "b.i", "name": "i", "type": "t"}],
+           "keys": [{"kind": "foreign", "id": "b.f", "name": "f", "references": "a.k",
+                     "attributes": ["b.i"]}]},
+          {"kind": "association", "name": "r",
+           "roles": [{"class": "a"}, {"class": "b", "foreignKey": "b.f"}]}]}]}})");
+    const std::pair<const char*, const char*> views[] = {
+        {"dbm",
+         "(the referenced key may be left out of the view with its table, or as one that is logical "
+         "only or not marked unique)"},
+        {"erd",
+         "(the referenced key may be left out of the view with its attributes or its entity, or as one "
+         "that is physical only)"}};
+    for (const auto& [view, reason] : views) {
+        const Result result = run(scratch, {"export", "interface.model.json", "-o",
+                                            std::string(view) + ".xml", "--view", view, "--check"});
+        EXPECT_EQ(result.exitCode, 0) << view;
+        EXPECT_THAT(result.err, HasSubstr(reason)) << view;
+    }
+}
+
 TEST_F(Check, OfAnExportTellsErrorsAndKeepsTheDocument) {
     scratch.write("shop.sql", SHOP_SQL);
     const Result result = run(scratch, Setting{.arguments = {"export", "shop.sql", "out.xml", "--check"},

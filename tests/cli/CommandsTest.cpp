@@ -14,6 +14,7 @@
 namespace cli_test {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -88,6 +89,53 @@ TEST_F(Commands, ExportChoosesTheTypesOfTheSourcesDatabase) {
         const Result result =
             run(scratch, {"export", "m.model.json", "m.xml", "--view", "dbm", "--overwrite"});
         EXPECT_THAT(result.out, HasSubstr("types of " + typeSet + ", from "));
+    }
+}
+
+TEST_F(Commands, ExportTellsWhenADocumentHasNoDataTypes) {
+    for (const char* typeSet : {"None", "Default"}) {
+        const Result result =
+            run(scratch, {"export", "shop.sql", "m.xml", "--dbm-typeset", typeSet, "--overwrite"});
+        EXPECT_THAT(result.out, HasSubstr("DBM view of \"shop\", without data types, from "));
+    }
+    const Result result = run(scratch, {"export", "shop.sql", "m.xml", "--view", "erd+dbm", "--dbm-typeset",
+                                        "None", "--overwrite"});
+    EXPECT_THAT(result.out, HasSubstr("types of XML Datatypes, from "));
+}
+
+/// A class with an attribute of each of the data types.
+std::string documentOfTypes(const std::vector<std::string>& dataTypes) {
+    std::string types;
+    std::string attributes;
+    for (const std::string& dataType : dataTypes) {
+        const char* comma = types.empty() ? "" : ",";
+        types += fmt::format(R"({}{{"id": "t.{}", "kind": "concrete", "name": "T{}", "dataType": "{}"}})",
+                             comma, dataType, dataType, dataType);
+        attributes += fmt::format(R"({}{{"name": "a", "type": "t.{}"}})", comma, dataType);
+    }
+    return fmt::format(R"({{"format": "oim-source-model", "version": 1, "model": {{"name": "m", "types": [{}],
+        "children": [{{"kind": "package", "name": "p", "elements": [
+            {{"kind": "class", "name": "c", "attributes": [{}]}}]}}]}}}})",
+                       types, attributes);
+}
+
+TEST_F(Commands, ExportTellsOfDataTypesWithoutACounterpart) {
+    scratch.write("m.model.json",
+                  documentOfTypes({"geometry", "INT", "vector", "SQL_DATE", "money[]", "x", ""}));
+    EXPECT_EQ(
+        run(scratch, {"export", "m.model.json", "m.xml", "--view", "dbm"}).err,
+        "oimbridge: note: m.model.json: no type set has a counterpart of 5 data types, so that the one for "
+        "any other type is written: \"geometry\", \"vector\", \"money[]\" and 2 more\n"
+        "hint: --verbose lists each; docs/model-document.md tells the names that are known\n");
+    EXPECT_THAT(run(scratch, {"export", "m.model.json", "m.xml", "--view", "erd", "--overwrite", "-v"}).err,
+                AllOf(HasSubstr("no type set has a counterpart of the data type \"x\" of 1 attribute\n"),
+                      HasSubstr("no type set has a counterpart of the data type \"T\" of 1 attribute\n"),
+                      Not(HasSubstr("\"INT\" of"))));
+    for (const std::vector<std::string>& others :
+         {std::vector<std::string>{"--view", "uml"}, {"--view", "dbm", "--dbm-typeset", "None"}}) {
+        std::vector<std::string> arguments = {"export", "m.model.json", "m.xml", "--overwrite"};
+        arguments.insert(arguments.end(), others.begin(), others.end());
+        EXPECT_EQ(run(scratch, arguments).err, "");
     }
 }
 

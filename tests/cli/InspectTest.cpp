@@ -1,11 +1,8 @@
 // What "inspect" reports: what was read, what is not carried over, and what becomes of each object in each
 // view.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <simdjson.h>
 
-#include "ProgramRunner.h"
-#include "Sources.h"
+#include "InspectFixture.h"
 
 namespace cli_test {
 namespace {
@@ -14,40 +11,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-/// Two tables and a third one that is in the database only, with relationships, generalizations and a
-/// diagram.
-const std::string LEVELS = R"({"format": "oim-source-model", "version": 1, "model": {"name": "Levels",
-  "types": [{"id": "int", "kind": "concrete", "name": "int", "dataType": "SQL_INTEGER"}],
-  "children": [{"kind": "package", "name": "main", "elements": [
-    {"kind": "class", "id": "a", "name": "Author", "attributes": [{"id": "a.id", "name": "id", "type": "int"}],
-     "keys": [{"kind": "candidate", "id": "a.pk", "name": "author_pk", "primary": true, "unique": true,
-               "attributes": ["a.id"]}]},
-    {"kind": "class", "id": "b", "name": "Book", "physicalName": "T_BOOK",
-     "attributes": [{"id": "b.a", "name": "author", "type": "int"},
-                    {"name": "shelf", "type": "int", "designLevel": "physical"}],
-     "keys": [{"kind": "foreign", "id": "b.fk", "name": "book_fk", "attributes": ["b.a"],
-               "references": "a.pk"}]},
-    {"kind": "class", "id": "l", "name": "Log", "designLevel": "physical",
-     "attributes": [{"name": "author", "type": "int"}]},
-    {"kind": "association", "name": "writes", "roles": [{"class": "a"}, {"class": "b", "foreignKey": "b.fk"}]},
-    {"kind": "generalization", "name": "is a", "parents": ["a"], "children": ["b"]}]}]}})";
-
-class Inspect : public testing::Test {
-  protected:
-    Inspect() {
-        scratch.write("shop.sql", SHOP_SQL);
-        scratch.write("levels.model.json", LEVELS);
-    }
-    std::string report(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), "inspect");
-        const Result result = run(scratch, arguments);
-        EXPECT_EQ(result.exitCode, 0);
-        EXPECT_EQ(result.err, "");
-        return result.out;
-    }
-    Scratch scratch;
-};
 
 TEST_F(Inspect, ReportsWhatIsReadAndWhatIsWrittenOfIt) {
     EXPECT_EQ(
@@ -80,33 +43,35 @@ In the UML view:           written    left out
   columns                        5           2
     2: the relationship of the foreign key stands for it
   candidate keys                 0           3
-    3: the view has no keys
+    3: the UML view has no keys
   foreign keys                   0           2
-    2: the view has no keys
+    2: the UML view has no keys
   relationships                  2           0
   views                          0           1
-    1: the view has no SQL views
+    1: the UML view has no SQL views
   view columns                   0           1
     1: its view is left out
   triggers                       0           1
     1: procedures and triggers belong to the database
   data types                     5           0
+  relationship ends              4           0
 
 In the ERD view:           written    left out
   schemas                        0           1
-    1: the view has no packages
+    1: the ERD view has no packages
   tables                         3           0
   columns                        7           0
   candidate keys                 3           0
   foreign keys                   2           0
   relationships                  2           0
   views                          0           1
-    1: the view has no SQL views
+    1: the ERD view has no SQL views
   view columns                   0           1
     1: its view is left out
   triggers                       0           1
-    1: the view has no operations
+    1: the ERD view has no operations
   data types                     5           0
+  relationship ends              4           0
 
 In the DBM view:           written    left out
   schemas                        1           0
@@ -119,6 +84,7 @@ In the DBM view:           written    left out
   view columns                   1           0
   triggers                       1           0
   data types                     5           0
+  relationship ends              4           0
 )");
 }
 
@@ -164,7 +130,7 @@ By package:
 
 In the ERD view:           written    left out
   packages                       0           1
-    1: the view has no packages
+    1: the ERD view has no packages
   classes                        2           1
     1: it is physical only
   attributes                     2           2
@@ -178,6 +144,9 @@ In the ERD view:           written    left out
   generalizations                0           1
     1: no foreign key stands behind it
   data types                     1           0
+  association ends               0           2
+    1: its foreign key is left out
+    1: its relationship is left out
 )");
 }
 
@@ -246,110 +215,39 @@ TEST_F(Inspect, CountsInEachViewWhatWasRead) {
     }
 }
 
-struct WhyCase {
-    const char* name;
-    std::vector<std::string> arguments;  ///< behind "inspect levels.model.json --why"
-    const char* text;
-};
-
-class InspectWhy : public Inspect, public testing::WithParamInterface<WhyCase> {};
-
-TEST_P(InspectWhy, TellsInASentence) {
-    std::vector<std::string> arguments = GetParam().arguments;
-    arguments.insert(arguments.begin(), {"levels.model.json", "--why"});
-    EXPECT_EQ(report(arguments), GetParam().text);
+std::uint64_t verdictsOf(const simdjson::dom::element& view, std::string_view kind, std::string_view key) {
+    return std::uint64_t(view["kinds"][kind][key]);
 }
 
-const WhyCase WHY[] = {
-    {"AnObjectThatIsWritten",
-     {"Author", "--view", "erd"},
-     "The class main.Author is written to the ERD view as erd:Entity.\n"},
-    {"AnObjectThatIsLeftOut",
-     {"Log", "--view", "erd"},
-     "The class main.Log is left out of the ERD view because it is physical only.\n"},
-    {"EveryViewUnlessOneIsGiven",
-     {"Log"},
-     "The class main.Log is left out of the UML view because it is physical only.\n"
-     "The class main.Log is left out of the ERD view because it is physical only.\n"
-     "The class main.Log is written to the DBM view as dbm:LogicalTable.\n"},
-    {"EveryObjectOfTheName",
-     {"author", "--view", "erd"},
-     "The attribute main.Book.author is written to the ERD view as erd:Attribute.\n"
-     "The attribute main.Log.author is left out of the ERD view because its class \"Log\" is left out: it is "
-     "physical only.\n"},
-    {"AnObjectByItsPath",
-     {"Book.author", "--view", "uml"},
-     "The attribute main.Book.author is left out of the UML view because the relationship of the foreign key "
-     "\"book_fk\" stands for it.\n"},
-    {"AnObjectByItsWholePath",
-     {"main.Log.author", "--view", "dbm"},
-     "The attribute main.Log.author is written to the DBM view as dbm:LogicalColumn.\n"},
-    {"AnObjectByItsNameInTheDatabase",
-     {"T_BOOK.shelf", "--view", "erd"},
-     "The attribute main.Book.shelf is left out of the ERD view because it is physical only.\n"},
-    {"AnObjectInOtherLetterCaseIfThereIsNoOther",
-     {"BOOK.SHELF", "--view", "dbm"},
-     "The attribute main.Book.shelf is written to the DBM view as dbm:LogicalColumn.\n"},
-    {"AReasonBehindAReason",
-     {"writes", "--view", "erd"},
-     "The association main.writes is left out of the ERD view because its foreign key \"book_fk\" is left "
-     "out: "
-     "its attribute \"author\" has no counterpart in the referenced entity.\n"},
-    {"AGeneralizationWithoutAKey",
-     {"is a", "--view", "dbm"},
-     "The generalization main.is a is left out of the DBM view because no foreign key stands behind it.\n"},
-    {"ADataType",
-     {"int", "--view", "dbm", "--set", "DBM TypeSet=None"},
-     "The data type int is left out of the DBM view because no type set is chosen for the view.\n"},
-    {"TheModel", {"Levels", "--view", "erd"}, "The model Levels is written to the ERD view as erd:Model.\n"},
-};
-INSTANTIATE_TEST_SUITE_P(Asked, InspectWhy, testing::ValuesIn(WHY),
-                         [](const testing::TestParamInfo<WhyCase>& why) { return why.param.name; });
-
-TEST_F(Inspect, TellsWhyInJson) {
-    EXPECT_EQ(report({"levels.model.json", "--why", "Log", "--view", "erd+dbm", "--format", "json"}), R"({
-  "source": "levels.model.json",
-  "name": "Log",
-  "objects": [
-    {
-      "kind": "class",
-      "path": "main.Log",
-      "views": [
-        {
-          "view": "erd",
-          "written": false,
-          "reason": "it is physical only"
-        },
-        {
-          "view": "dbm",
-          "written": true,
-          "element": "dbm:LogicalTable"
+TEST_F(Inspect, CountsDetailsInTheViewsOnly) {
+    const std::string text = report({EXAMPLES_FOLDER "/everything.model.json", "--format", "json"});
+    simdjson::dom::parser parser;
+    const simdjson::dom::element json = parser.parse(text);
+    struct {
+        const char* kind;
+        std::uint64_t inAll;
+        std::vector<std::uint64_t> written;  ///< to the UML, ERD and DBM view
+    } const details[] = {{"typeValues", 3, {0, 3, 0}},      {"indexColumns", 3, {0, 0, 3}},
+                         {"associationEnds", 8, {8, 2, 2}}, {"qualifiers", 1, {1, 0, 0}},
+                         {"arguments", 9, {8, 0, 1}},       {"notes", 3, {2, 0, 0}}};
+    for (const auto& detail : details) {
+        EXPECT_EQ(json["counts"][detail.kind].error(), simdjson::NO_SUCH_FIELD) << detail.kind;
+        for (std::size_t i = 0; i < 3; ++i) {
+            const simdjson::dom::element view = json["views"].at(i);
+            const std::uint64_t written = verdictsOf(view, detail.kind, "written");
+            EXPECT_EQ(written, detail.written[i]) << detail.kind << " in view " << i;
+            EXPECT_EQ(written + verdictsOf(view, detail.kind, "leftOut"), detail.inAll) << detail.kind;
         }
-      ]
     }
-  ]
-}
-)");
 }
 
-TEST_F(Inspect, CallsDatabaseObjectsByTheirOwnWords) {
-    EXPECT_EQ(report({"shop.sql", "--why", "expensive", "--view", "uml"}),
-              "The view main.expensive is left out of the UML view because the view has no SQL views.\n");
-    EXPECT_EQ(report({"shop.sql", "--why", "customer.name", "--view", "dbm"}),
-              "The column main.customer.name is written to the DBM view as dbm:LogicalColumn.\n");
-}
-
-TEST_F(Inspect, NamesTheNearestOfANameThatNothingHas) {
-    const Result near = run(scratch, {"inspect", "shop.sql", "--why", "custmer"});
-    EXPECT_EQ(near.exitCode, 2);
-    EXPECT_EQ(near.out, "");
-    EXPECT_EQ(near.err,
-              "oimbridge: error: --why: nothing that was read is called \"custmer\". Did you mean "
-              "\"customer\"?\n");
-    const Result far = run(scratch, {"inspect", "shop.sql", "--why", "main.nothing_like_it"});
-    EXPECT_EQ(far.exitCode, 2);
-    EXPECT_EQ(far.err,
-              "oimbridge: error: --why: nothing that was read is called \"main.nothing_like_it\".\n");
+TEST_F(Inspect, TellsWhyDetailsAreLeftOut) {
+    const std::string text = report({EXAMPLES_FOLDER "/everything.model.json", "--view", "dbm"});
+    EXPECT_THAT(text, AllOf(HasSubstr("\n  notes                          0           3\n"
+                                      "    3: the DBM view has no notes\n"),
+                            HasSubstr("\n  values of data types           0           3\n"
+                                      "    3: the DBM view has no values of data types\n"),
+                            HasSubstr("\n  index columns                  3           0\n")));
 }
 
 TEST_F(Inspect, WarnsOfWhatAnExportOfTheViewWouldWarnOf) {
@@ -385,6 +283,45 @@ TEST_F(Inspect, NeedsTheBridge) {
                                                .environment = {{"ZOR_BRIDGE_PATH", scratch / "nowhere"}}});
     EXPECT_EQ(result.exitCode, 5);
     EXPECT_EQ(result.out, "");
+}
+
+/// With a bridge that does not offer to tell what it would write.
+class InspectWithASilentBridge : public Inspect {
+  protected:
+    Result inspect(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"inspect", "shop.sql"});
+        return run(scratch, Setting{.arguments = arguments,
+                                    .environment = {{"ZOR_BRIDGE_PATH", FAULTY_BRIDGE_FOLDER}}});
+    }
+    static constexpr const char* SILENCE =
+        "the bridge \"MicrosoftSqlServerMdsMdcExport\" does not tell what it would write\n";
+};
+
+TEST_F(InspectWithASilentBridge, ReportsWhatIsRead) {
+    const Result result = inspect({});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, std::string("oimbridge: note: shop.sql: ") + SILENCE);
+    EXPECT_THAT(result.out, AllOf(HasSubstr("\n  tables                         3\n"),
+                                  HasSubstr("\n    main.customer.name: NOCASE\n"), Not(HasSubstr("view:"))));
+    const std::string whole = report({"shop.sql"});
+    EXPECT_EQ(result.out, whole.substr(0, whole.find("\nIn the UML view:")));
+}
+
+TEST_F(InspectWithASilentBridge, ReportsInJsonWithoutViews) {
+    const Result result = inspect({"--format", "json"});
+    EXPECT_EQ(result.exitCode, 0);
+    simdjson::dom::parser parser;
+    const simdjson::dom::element json = parser.parse(result.out);
+    EXPECT_EQ(std::uint64_t(json["counts"]["classes"]), 3U);
+    EXPECT_EQ(json["views"].get_array().size(), 0U);
+}
+
+TEST_F(InspectWithASilentBridge, RefusesToTellWhy) {
+    const Result result = inspect({"--why", "customer"});
+    EXPECT_EQ(result.exitCode, 5);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, std::string("oimbridge: error: --why: ") + SILENCE +
+                              "hint: without --why, inspect reports what is read\n");
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ TEST(Progress, TellsHowManyElementsOfAViewWereLookedAt) {
     const Scratch scratch;
     scratch.write("shop.sql", SHOP_SQL);
     Process process(scratch, Setting{.arguments = {"inspect", "shop.sql", "--view", "dbm"},
-                                     .environment = {{"ZOR_BRIDGE_PATH", FAULTY_BRIDGE_FOLDER}},
+                                     .environment = {{"ZOR_BRIDGE_PATH", PATIENT_BRIDGE_FOLDER}},
                                      .terminal = true});
     EXPECT_TRUE(process.waitForTerminal("shop.sql: DBM view: 8,192 elements looked at"));
     const Result result = process.wait();

@@ -164,6 +164,17 @@ TEST_F(Indexes, HoldTheirColumnsInOrder) {
 )xml"_lines);
 }
 
+TEST_F(Indexes, AreDecidedOnOnce) {
+    TestBridge bridge(model.model(), MODEL_VIEW_DBM);
+    ZORIndex* written = model.addIndex(table, "I", {"a"});
+    EXPECT_TRUE(bridge.isExportableDBMIndex(written));
+    EXPECT_TRUE(bridge.isExportableDBMIndex(written));
+    makeLogical("b");
+    ZORIndex* leftOut = model.addIndex(table, "J", {"b"});
+    EXPECT_FALSE(bridge.isExportableDBMIndex(leftOut));
+    EXPECT_FALSE(bridge.isExportableDBMIndex(leftOut));
+}
+
 TEST_F(Indexes, TellWhenTheyAreClusteredOrUnique) {
     ZORIndex* index = model.addIndex(table, "", {"a"});
     index->setUnique(true);
@@ -221,6 +232,41 @@ TEST_F(Indexes, LinkToTheErdKeyThatTheyImplementInTheCombinedView) {
     EXPECT_THAT(print(index, MODEL_VIEW_DBM), Not(HasSubstr("erd:")));
     key->setDesignLevel(ZOR_PHYSICAL_ONLY);
     EXPECT_THAT(print(index, MODEL_VIEW_ERD_AND_DBM), Not(HasSubstr("erd:")));
+}
+
+TEST_F(Indexes, LinkToNoKeyThatTheErdViewLeavesOut) {
+    ZORClass* physical = model.addTable("physical only", {"p"});
+    physical->setDesignLevel(ZOR_PHYSICAL_ONLY);
+    ZORClass* interface = model.addTable("interface", {"i"});
+    interface->setClassType(9);
+    for (const char* column : {"b", "c"}) {
+        table->getAttribute(column)->setDesignLevel(ZOR_PHYSICAL_ONLY);
+    }
+    ZORCandidateKey* referenced = model.addPrimaryKey(model.addTable("P", {"a"}), "PK", {"a"});
+    ZORForeignKey* related = model.addForeignKey(table, "related", {"a"}, referenced);
+    model.addRelationship("R", related);
+    ZORForeignKey* inTheDatabase = model.addForeignKey(table, "in the database", {"a"}, referenced);
+    model.addRelationship("physical", inTheDatabase)->setDesignLevel(ZOR_PHYSICAL_ONLY);
+    struct Row {
+        const char* description;
+        ZORKey* key;
+        bool isLinked;
+    };
+    const Row rows[] = {
+        {"of a physical class", model.addKey(physical, "K1", {"p"}), false},
+        {"of a class that is no entity", model.addKey(interface, "K2", {"i"}), false},
+        {"of physical attributes", model.addKey(table, "K3", {"b", "c"}), false},
+        {"of attributes of which one is logical", model.addKey(table, "K4", {"b", "a"}), true},
+        {"foreign, with a relationship", related, true},
+        {"foreign, with a physical relationship", inTheDatabase, false},
+        {"foreign, without a relationship", model.addForeignKey(table, "FK", {"a"}, referenced), false},
+    };
+    ZORIndex* index = model.addIndex(table, "I", {"a"});
+    for (const Row& row : rows) {
+        index->setKey(row.key);
+        EXPECT_EQ(count(print(index, MODEL_VIEW_ERD_AND_DBM), "<erd:Key oim:href="), row.isLinked ? 1U : 0U)
+            << row.description;
+    }
 }
 
 TEST_F(Indexes, LinkToTheVeryElementOfTheErdView) {

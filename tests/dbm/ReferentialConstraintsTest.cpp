@@ -218,6 +218,20 @@ TEST_F(Constraints, AreNotRescuedByAnEarlierPairThatAgrees) {
     EXPECT_FALSE(isWritten());
 }
 
+TEST_F(Constraints, AreNotRescuedByAnEarlierPairWhenTheyAreAskedForAgain) {
+    const auto isExportable = [&] {
+        const TestBridge bridge(model.model());
+        const bool first = bridge.isExportableDBMForeignKey(foreignKey);
+        EXPECT_EQ(bridge.isExportableDBMForeignKey(foreignKey), first);
+        return first;
+    };
+    EXPECT_TRUE(isExportable());
+    makeLogical(child->getAttribute("y"));
+    EXPECT_FALSE(isExportable()) << "the last pair disagrees";
+    child->getAttribute("y")->setName("z");
+    EXPECT_FALSE(isExportable()) << "the last column has no counterpart";
+}
+
 TEST_F(Constraints, NeedColumns) {
     ZORForeignKey* empty = model.addForeignKey(child, "no columns", {}, key);
     const TestBridge bridge(nullptr);

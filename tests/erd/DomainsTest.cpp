@@ -154,21 +154,32 @@ TEST_F(Domains, OfABaseThatIsReferredToFirstByItsDerivedTypeGetItsNumberThere) {
     EXPECT_EQ(bridge.text(), "<erd:Domain oim:id=\"_3\" name=\"number\">\n</erd:Domain>\n");
 }
 
-TEST_F(Domains, OfAliasesReferToTheirOwnBaseAndTellTheSizesOfTheActualType) {
+TEST_F(Domains, OfAliasesReferToTheirOwnBaseAndTellTheDataTypeAndSizesOfTheActualType) {
     ZORAliasType* inner = model.addAlias("inner", model.text);
     ZORAliasType* outer = model.addAlias("outer", inner);
-    outer->setLength(99);
-    outer->setScale(9);
-    EXPECT_EQ(print(outer, 1, "XML Datatypes"), R"xml(
-<erd:Domain oim:id="_1" name="outer"
+    for (ZORAliasType* alias : {inner, outer}) {
+        alias->setDataType("SQL_DATE");
+        alias->setLength(99);
+        alias->setScale(9);
+    }
+    TestBridge bridge(model.model(), MODEL_VIEW_ERD);
+    bridge.dtmInit(bridge.erdTypeSet_, ERD, "XML Datatypes", {}, {});
+    bridge.setXMLID(outer, ERD, 60);
+    bridge.setXMLID(inner, ERD, 70);
+    bridge.setXMLID(model.text, ERD, 80);
+    bridge.nextId_ = 90;
+    ASSERT_EQ(bridge.getDTMTypeID(bridge.erdTypeSet_, ERD, model.text), 90);
+    bridge.printERDType(outer, 1);
+    EXPECT_EQ(bridge.text(), R"xml(
+<erd:Domain oim:id="_60" name="outer"
 Precision="40"
 IsNull="1"
 >
 <erd:DomainParentDomain>
-<erd:Domain oim:href="#_3"/>
+<erd:Domain oim:href="#_70"/>
 </erd:DomainParentDomain>
 <erd:DomainDefaultType>
-<erd:DataType oim:href="#_5"/>
+<erd:DataType oim:href="#_90"/>
 </erd:DomainDefaultType>
 </erd:Domain>
 )xml"_lines);

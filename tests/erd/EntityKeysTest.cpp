@@ -157,6 +157,11 @@ TEST_F(ForeignKeysOfEntities, NeedEveryMemberToAgreeWithItsMatch) {
     EXPECT_FALSE(isExportable(foreignKey)) << "no pair is logical";
 }
 
+TEST_F(ForeignKeysOfEntities, AreNotRescuedByAnEarlierPairThatAgrees) {
+    makePhysical(child->getAttribute("y"));
+    EXPECT_FALSE(isExportable(foreignKey));
+}
+
 TEST_F(ForeignKeysOfEntities, AreLeftOutWithTheirAssociationWhenAMemberIsPhysicalOnly) {
     makePhysical(child->getAttribute("y"));
     const std::string text = exportModel(*model.model(), {{"Model", "ERD"}});

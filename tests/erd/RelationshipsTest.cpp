@@ -124,6 +124,20 @@ TEST_F(Relationships, ReferToTheForeignKeyAndTheKeyThatItReferencesWhicheverRole
     EXPECT_THAT(text, HasSubstr("<erd:ChildRoleKey>\n<erd:Key oim:href=\"#_70\"/>\n"));
 }
 
+TEST_F(Relationships, UseTheFirstRolesKeyWhenBothHaveOne) {
+    ZORCandidateKey* childKey = model.addKey(child, "UK", {"id"});
+    ZORForeignKey* other = model.addForeignKey(parent, "FK2", {"id"}, childKey);
+    parentRole->addForeignKey(other);
+    TestBridge bridge(model.model(), MODEL_VIEW_ERD);
+    bridge.setXMLID(other, ERD, 70);
+    bridge.setXMLID(childKey, ERD, 80);
+    bridge.printERDAssociation(association);
+    const std::string text = bridge.text();
+    EXPECT_THAT(text, HasSubstr("<erd:ParentRoleKey>\n<erd:Key oim:href=\"#_80\"/>\n"));
+    EXPECT_THAT(text, HasSubstr("<erd:ChildRoleKey>\n<erd:Key oim:href=\"#_70\"/>\n"));
+    EXPECT_EQ(bridge.getObjectUserData(foreignKey)[ERD], 0) << "the second role's key is not used";
+}
+
 TEST_F(Relationships, WithoutAReferencedKeyHaveNoParentKey) {
     TestBridge bridge(model.model(), MODEL_VIEW_ERD);
     bridge.printERDAssociationRole(parentRole, nullptr, true);
@@ -228,11 +242,15 @@ TEST_F(Relationships, NeedALogicalAssociationBetweenLogicalClasses) {
     }
 }
 
-TEST_F(Relationships, AskNeitherForTheRolesLevelNorForThatOfTheReferencedKey) {
+TEST_F(Relationships, AskNeitherForTheLevelOfRolesAndReferencedKeyNorForTheKindOfClass) {
     makePhysical(parentRole);
     makePhysical(childRole);
     makePhysical(parentKey);
     EXPECT_TRUE(isWritten());
+    parent->setClassType(9);
+    EXPECT_TRUE(isWritten());
+    child->setClassType(9);
+    EXPECT_EQ(count(printAll(), "<erd:Relationship oim:id"), 1U) << "of two classes that are no entities";
 }
 
 TEST_F(Relationships, AreDecidedOnceAndApartFromTheDbmView) {

@@ -241,6 +241,17 @@ TEST_F(BridgeTest, TellsThatAnExportWasNotCompleted) {
     EXPECT_EQ(runFailure("something else"), "The bridge \"FakeExport\" did not complete the export.");
 }
 
+TEST_F(BridgeTest, TellsThatItDoesNotOfferToInspect) {
+    class NoObserver : public ZORExportObserver {
+        void written(const ZORObject* /*object*/, const char* /*area*/, const ZORString& /*tag*/) override {}
+        void leftOut(const ZORObject* /*object*/, const char* /*area*/, const ZORString& /*reason*/,
+                     const ZORString& /*reasonInGeneral*/) override {}
+    } observer;
+    EXPECT_FALSE(bridge.canInspect());
+    EXPECT_EQ(failureOf([&] { bridge.inspect(m.model, options, log, observer); }),
+              "The bridge \"FakeExport\" does not tell what it would write.");
+}
+
 TEST_F(BridgeTest, DoesNotShowABridgeAnUnsoundModel) {
     m.customerId->setType(nullptr);
     m.buyer->setAggregationKind(7);

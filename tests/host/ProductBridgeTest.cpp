@@ -73,6 +73,10 @@ TEST_F(ProductBridgeTest, HasItsMappingDocumentBesideIt) {
     EXPECT_THAT(text.str(), EndsWith("</mapping>\n"));
 }
 
+TEST_F(ProductBridgeTest, OffersToInspect) {
+    EXPECT_TRUE(bridge.canInspect());
+}
+
 TEST_F(ProductBridgeTest, FindsNoMappingDocumentWhereThereIsNone) {
     namespace fs = std::filesystem;
     const fs::path folder =

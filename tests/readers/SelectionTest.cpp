@@ -178,6 +178,16 @@ TEST(Selection, TablesOfUnwantedSchemasMatchNoPattern) {
     EXPECT_THAT(matcher.unmatchedPatterns(), ElementsAre("hr.staff"));
 }
 
+TEST(Selection, TellsWhatLeavesATableOut) {
+    using readers::SelectionPart;
+    SelectionMatcher matcher{select({"main", "old*"}, {"old"}, {"o*"}, {"order?"})};
+    EXPECT_EQ(matcher.findRefusal("main", "offers"), std::nullopt);
+    EXPECT_EQ(matcher.findRefusal("main", "staff"), SelectionPart::TABLES);
+    EXPECT_EQ(matcher.findRefusal("main", "orders"), SelectionPart::EXCLUDED_TABLES);
+    EXPECT_EQ(matcher.findRefusal("temp", "offers"), SelectionPart::SCHEMAS);
+    EXPECT_EQ(matcher.findRefusal("old", "orders"), SelectionPart::EXCLUDED_SCHEMAS);
+}
+
 class CollectingContext : public readers::ReadContext {
   public:
     void warn(const std::string& where, const std::string& text) override {

@@ -109,6 +109,34 @@ TEST_F(UmlRelationships, LeaveOutAnAssociationOfAPhysicalClass) {
     EXPECT_THAT(print(), Not(HasSubstr("places")));
 }
 
+TEST_F(UmlRelationships, LeaveOutThoseThatArePhysicalOnly) {
+    ZORAssociation* association = model.addAssociation("places");
+    model.addRole(association, customer, "1");
+    ZORGeneralization* generalization = model.addGeneralization("is", {customer}, {order});
+    auto* dependency = model.package()->addModelElement(std::make_unique<ZORDependency>());
+    dependency->setName("uses");
+    dependency->setClient(order);
+    dependency->setSupplier(customer);
+    auto* realization = model.package()->addModelElement(std::make_unique<ZORRealization>());
+    realization->setName("implements");
+    realization->setClient(order);
+    realization->setSupplier(customer);
+    const std::pair<ZORModelElement*, const char*> relationships[] = {{association, "name=\"places\""},
+                                                                      {generalization, "name=\"is\""},
+                                                                      {dependency, "name=\"uses\""},
+                                                                      {realization, "name=\"implements\""}};
+    for (const auto& [relationship, name] : relationships) {
+        EXPECT_THAT(print(), HasSubstr(name));
+        relationship->setDesignLevel(ZOR_PHYSICAL_ONLY);
+        EXPECT_THAT(print(), Not(HasSubstr(name)));
+    }
+}
+
+TEST_F(UmlRelationships, LeaveOutAGeneralizationWithoutASubtype) {
+    model.addGeneralization("is", {customer}, {});
+    EXPECT_THAT(print(), Not(HasSubstr("name=\"is\"")));
+}
+
 struct Aggregation {
     const char* description;
     bool aggregateEnd;

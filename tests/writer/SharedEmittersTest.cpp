@@ -88,6 +88,15 @@ TEST_F(KeyMembers, AreTheIndexsColumnsLiterallyAndThoseOfTheFirstIndexOfTheKey) 
     EXPECT_EQ(members(key), "T.c T.a ");
 }
 
+TEST_F(KeyMembers, AreNoneWhenTheFirstIndexOfTheKeyHasNoColumns) {
+    ZORClass* table = model.addTable("T", {"a", "b"});
+    ZORCandidateKey* key = model.addKey(table, "K", {"a", "b"});
+    model.addIndex(table, "Empty", {})->setKey(key);
+    EXPECT_EQ(members(key), "") << "the key's own columns do not stand in for them";
+    model.addIndex(table, "Second", {"b", "a"})->setKey(key);
+    EXPECT_EQ(members(key), "") << "nor do those of a later index";
+}
+
 TEST_F(KeyMembers, OfAForeignKeyFollowTheReferencedKeysOrder) {
     ZORClass* parent = model.addTable("P", {"x", "y"});
     column(parent, "x")->setPosition(2);

@@ -1,11 +1,7 @@
-// Stands in for the product's plug-in, writes a document with an error in it, and looks at a model for as
-// long as its user wants.
-
-#include <unistd.h>
+// Stands in for the product's plug-in and writes a document with an error in it.
 
 #include "ZORBridgeLib.h"
 #include "ZORFile.h"
-#include "ZORXMLWriter.h"
 
 namespace {
 
@@ -15,16 +11,7 @@ const ZORBridgeOptionLiteral MODEL("BP_MODEL", "Model", "String", "", nullptr, N
 const ZORBridgeOptionLiteral DBM_TYPES("BP_DBM_TYPESET", "DBM TypeSet", "String", "", nullptr, NOTHING);
 const ZORBridgeOptionLiteral ERD_TYPES("BP_ERD_TYPESET", "ERD TypeSet", "String", "", nullptr, NOTHING);
 
-class ManyElements : public ZORXMLWriter {
-  public:
-    ManyElements() {
-        for (int i = 0; i < 10'000; ++i) {
-            countElement();
-        }
-    }
-};
-
-class FaultyBridge : public ZORBridgeExportInterface, public ZORBridgeInspectionInterface {
+class FaultyBridge : public ZORBridgeExportInterface {
   public:
     bool run(const ZORString& /*fileName*/, ZORModel& /*model*/, ZOROptionList& options,
              ZORLog& /*log*/) override {
@@ -36,14 +23,6 @@ class FaultyBridge : public ZORBridgeExportInterface, public ZORBridgeInspection
         file.printLine("<oim:Transfer/>");
         file.close();
         return true;
-    }
-    /// Ends with standard input.
-    void inspect(ZORModel& /*model*/, ZOROptionList& /*options*/, ZORLog& /*log*/,
-                 ZORExportObserver& /*observer*/) override {
-        const ManyElements elements;
-        char byte = 0;
-        while (::read(STDIN_FILENO, &byte, 1) > 0) {
-        }
     }
     void getOptionList(ZOROptionList& list) override {
         list.removeAll();

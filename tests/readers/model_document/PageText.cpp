@@ -1,4 +1,5 @@
 #include "DocumentationText.h"
+#include "ZOR.h"
 #include "model_document/Wording.h"
 
 namespace documentation {
@@ -99,6 +100,20 @@ std::string numbersTable() {
     return text;
 }
 
+/// The names of data types that have a counterpart in type sets.
+std::string dataTypesTable() {
+    std::string text = "| key | names that mean the same |\n|---|---|\n";
+    for (const ZOROldDataTypeNames& names : getOldDataTypeNames()) {
+        std::string spellings(names.spellings);
+        for (std::size_t at = spellings.find(','); at != std::string::npos;
+             at = spellings.find(',', at + 2)) {
+            spellings.insert(at + 1, " ");
+        }
+        text += "| `" + std::string(names.key) + "` | " + spellings + " |\n";
+    }
+    return text;
+}
+
 PageTable table(const std::string& heading, Family family, std::size_t kind = 0) {
     return {heading, tableOf(kindsOf(family).kinds[kind])};
 }
@@ -131,6 +146,7 @@ std::vector<PageTable> pageTables() {
         table("### Dependencies", Family::ELEMENTS, 4),
         table("### Realizations", Family::ELEMENTS, 5),
         {"## Words and numbers", numbersTable()},
+        {"## Data types", dataTypesTable()},
     };
 }
 

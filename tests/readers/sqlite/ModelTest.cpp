@@ -173,7 +173,8 @@ table order "x"
 )"},
     {"WhatAModelCannotHoldIsLost",
      "CREATE TABLE t(a TEXT COLLATE NOCASE CHECK (a <>\n '') NOT NULL ON CONFLICT IGNORE, b TEXT COLLATE "
-     "BINARY,"
+     "BINARY"
+     " CONSTRAINT \"no x\" CHECK (b <> 'x'),"
      " UNIQUE (a COLLATE RTRIM, b DESC) ON CONFLICT REPLACE, CONSTRAINT both CHECK (a > b))",
      R"(
 table t
@@ -185,7 +186,7 @@ table t
      {"collations: main.t.a: NOCASE", "conflict clauses: main.t.a: ON CONFLICT IGNORE",
       "collations: main.t.a: RTRIM", "descending key columns: main.t.b: DESC",
       "conflict clauses: main.t.a: ON CONFLICT REPLACE", "CHECK expressions: main.t.a: a <> ''",
-      "CHECK expressions: main.t.both: a > b"}},
+      "CHECK expressions: main.t.no x: b <> 'x'", "CHECK expressions: main.t.both: a > b"}},
 };
 INSTANTIATE_TEST_SUITE_P(Tables, SqliteModel, testing::ValuesIn(TABLES), nameOf);
 
@@ -533,7 +534,7 @@ relationship c_y_x_fk: p 0..1, c 0..*, delete no action, update no action
      "FROM p;"
      "CREATE TABLE two(a INT, b INT, PRIMARY KEY (a, b)); CREATE VIRTUAL TABLE f USING fts5(x);"
      "CREATE TABLE c(a INT REFERENCES nowhere, b INT REFERENCES p(zz), c INT REFERENCES p(a), d INT "
-     "REFERENCES p,"
+     "CONSTRAINT to_p REFERENCES p,"
      " e INT REFERENCES two, g INT REFERENCES p(b), h INT REFERENCES v(a), i INT REFERENCES f(x), FOREIGN "
      "KEY (a, b) REFERENCES two(a, a))",
      R"(
@@ -562,7 +563,8 @@ view v: SELECT a FROM p
      {"main.c: the reference of a to nowhere is left out: there is no such table",
       "main.c: the reference of b to p is left out: there is no column zz",
       "main.c: the reference of c to p is left out: its columns there are not unique",
-      "main.c: the reference of d to p is left out: it names no columns there, and the table has no primary "
+      "main.c.to_p: the reference of d to p is left out: it names no columns there, and the table has no "
+      "primary "
       "key",
       "main.c: the reference of e to two is left out: the primary key there has another number of columns",
       "main.c: the reference of g to p is left out: its columns there are not unique",

@@ -56,6 +56,27 @@ TEST(SqliteSelection, LeavesOutViewsAndTriggers) {
               "INT null\n");
 }
 
+TEST(SqliteSelection, TellsWhatItLeavesOutAndWhy) {
+    using readers::SelectionPart;
+    readers::Selection selection;
+    selection.excludedTables = {"audit"};
+    selection.views = false;
+    selection.triggers = false;
+    std::vector<std::tuple<std::string, std::string, SelectionPart>> told;
+    for (const readers::Unselected& thing : readShop(selection).context.unselected) {
+        told.emplace_back(thing.kind, thing.where, thing.by);
+    }
+    EXPECT_THAT(told, ElementsAre(std::tuple("table", "main.audit", SelectionPart::EXCLUDED_TABLES),
+                                  std::tuple("view", "main.names", SelectionPart::VIEWS),
+                                  std::tuple("trigger", "main.orders.t", SelectionPart::TRIGGERS),
+                                  std::tuple("trigger", "main.audit.u", SelectionPart::EXCLUDED_TABLES),
+                                  std::tuple("trigger", "main.names.w", SelectionPart::TRIGGERS)));
+    selection.triggers = true;
+    EXPECT_EQ(readShop(selection).context.unselected.back().where, "main.names.w");
+    EXPECT_EQ(readShop(selection).context.unselected.back().by, SelectionPart::VIEWS);
+    EXPECT_THAT(readShop({}).context.unselected, IsEmpty());
+}
+
 TEST(SqliteSelection, KnowsTheSchemaMain) {
     readers::Selection selection;
     selection.schemas = {"MAIN"};

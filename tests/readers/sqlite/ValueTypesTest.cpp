@@ -74,6 +74,10 @@ const CheckCase TAKEN[] = {
      {"REAL", "t_a (REAL: -1|2|-3.5|1e-3)"}},
     {"WithQuotesInTexts", "a TEXT CHECK (a IN ('it''s', '', ',)'))", {"TEXT", "t_a (TEXT: it's||,))"}},
     {"WithBlobs", "a BLOB CHECK (a IN (x'00ff', X''))", {"BLOB", "t_a (BLOB: x'00ff'|X'')"}},
+    {"WithTruthValues", "a BOOL CHECK (a IN (TRUE, false))", {"BOOL", "t_a (BOOL: TRUE|false)"}},
+    {"WithTextsThatReadLikeTruthValues",
+     "a TEXT CHECK (a IN ('TRUE', \"FALSE\"))",
+     {"TEXT", "t_a (TEXT: TRUE|FALSE)"}},
     {"WithTextsInNameQuotes", "a TEXT CHECK (a IN (\"x\", \"y\"))", {"TEXT", "t_a (TEXT: x|y)"}},
     {"WithAValueTwice", "a TEXT CHECK (a IN ('x', 'y', 'x'))", {"TEXT", "t_a (TEXT: x|y)"}},
     {"OfAColumnWithoutAType", "a CHECK (a IN (1))", {"BLOB", "t_a (BLOB: 1)"}},
@@ -116,6 +120,9 @@ const CheckCase LEFT_ALONE[] = {
     leftAlone("AText", "a TEXT CHECK ('a' IN ('x'))", ".a: 'a' IN ('x')"),
     leftAlone("AnotherColumnInTheList", "a TEXT, b TEXT, CHECK (a IN ('x', b))", ": a IN ('x', b)"),
     leftAlone("AnotherColumnInQuotesInTheList", "a TEXT, b TEXT, CHECK (a IN (\"b\"))", ": a IN (\"b\")"),
+    leftAlone("AColumnThatIsCalledLikeATruthValue", "a TEXT, True TEXT, CHECK (a IN (FALSE, TRUE))",
+              ": a IN (FALSE, TRUE)"),
+    leftAlone("ASignedTruthValue", "a TEXT CHECK (a IN (-TRUE))", ".a: a IN (-TRUE)"),
     leftAlone("TheRowNumberInTheList", "a TEXT CHECK (a IN (\"rowid\"))", ".a: a IN (\"rowid\")"),
     leftAlone("TheCheckOfAnotherColumn", "a TEXT, b TEXT CHECK (a IN ('x'))", ".b: a IN ('x')"),
     leftAlone("AnExpressionInTheList", "a TEXT CHECK (a IN (1 + 1))", ".a: a IN (1 + 1)"),
@@ -169,16 +176,33 @@ TEST(SqliteCheckTypes, KeepTheNameOfTheConstraint) {
 }
 
 TEST(SqliteCheckTypes, HaveTheNumberOfAValueAsItsCodeWhereThereIsRoom) {
-    const support::Reading reading =
-        support::readDatabase("CREATE TABLE t(a CHECK (a IN (7, -32768, 32768, 1.5, 0x10, '9')))");
-    std::vector<int> codes;
-    std::vector<std::string> names;
-    for (const ZORTypeValue* value : reading.model->getTypes().last()->getTypeValues()) {
-        codes.push_back(value->getCode());
-        names.emplace_back(value->getName().view());
+    const std::vector<std::pair<std::string, int>> values = {{"7", 7},
+                                                             {"-32768", -32768},
+                                                             {"32768", 0},
+                                                             {"-32769", 0},
+                                                             {"1.5", 0},
+                                                             {"18446744073709551615", 0},
+                                                             {"0x10", 16},
+                                                             {"-0x10", -16},
+                                                             {"0X7fFF", 32767},
+                                                             {"0x8000", 0},
+                                                             {"-0x8000", -32768},
+                                                             {"0xffffffffffffffff", -1},
+                                                             {"-0xffffffffffffffff", 1},
+                                                             {"0x8000000000000000", 0},
+                                                             {"'9'", 0},
+                                                             {"'0x9'", 0},
+                                                             {"TRUE", 1},
+                                                             {"False", 0}};
+    for (const auto& [value, code] : values) {
+        const support::Reading reading =
+            support::readDatabase("CREATE TABLE t(a CHECK (a IN (" + value + ")))");
+        const ZORTypeValue& read = *reading.model->getTypes().last()->getTypeValues()[0];
+        std::string name = value;
+        std::erase(name, '\'');
+        EXPECT_EQ(read.getName().view(), name);
+        EXPECT_EQ(read.getCode(), code) << value;
     }
-    EXPECT_THAT(codes, ElementsAre(7, -32768, 0, 0, 0, 0));
-    EXPECT_THAT(names, ElementsAre("7", "-32768", "32768", "1.5", "0x10", "9"));
 }
 
 TEST(SqliteCheckTypes, AreMadeOfSelectedTablesOnly) {
