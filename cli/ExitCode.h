@@ -31,7 +31,7 @@ inline constexpr std::array EXIT_CODES = {
     ExitCodeEntry{ExitCode::SOURCE_NOT_OPENED, "the source cannot be opened"},
     ExitCodeEntry{ExitCode::SOURCE_NOT_READ, "the source cannot be read or understood"},
     ExitCodeEntry{ExitCode::OUTPUT_NOT_WRITTEN, "the output was not written"},
-    ExitCodeEntry{ExitCode::NOTHING_SELECTED, "nothing selected: no table or class was read"},
+    ExitCodeEntry{ExitCode::NOTHING_SELECTED, "nothing selected: no table, view or class was read"},
     ExitCodeEntry{ExitCode::INTERRUPTED, "interrupted"},
 };
 

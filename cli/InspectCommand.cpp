@@ -10,6 +10,7 @@
 #include "ModelReading.h"
 #include "Text.h"
 #include "Unread.h"
+#include "ZORXMLWriter.h"
 
 namespace cli {
 
@@ -36,13 +37,13 @@ KindColumns columnsOf(const std::vector<ModelCounts::Package>& packages) {
 }
 
 std::string totalRows(const ModelCounts& counts, bool databaseWords) {
-    std::string rows = "\nRead:\n";
+    std::string rows;
     for (const ObjectKindEntry& entry : objectKinds()) {
         if (const std::uint64_t count = counts.total[entry.kind]; count > 0) {
             rows += fmt::format("  {:<20}{:>12}\n", headingOf(entry, databaseWords), formatCount(count));
         }
     }
-    return rows;
+    return "\nRead:\n" + (rows.empty() ? "  nothing\n" : rows);
 }
 
 std::string packageRows(const std::vector<ModelCounts::Package>& packages, bool databaseWords) {
@@ -71,7 +72,7 @@ std::string lossRows(const readers::LossReport& losses) {
     if (losses.isEmpty()) {
         return {};
     }
-    std::string rows = "\nNot carried over, because the model cannot hold it:\n";
+    std::string rows = "\nNot carried over:\n";
     for (const auto& [kind, count] : losses.countByKind()) {
         rows += fmt::format("  {} ({})\n", printable(kind), formatCount(count));
         for (const readers::LossReport::Item& item : losses.items()) {
@@ -141,7 +142,8 @@ class NoLog : public ZORLog {
 /// The bridge, and the views in which it is to tell of a model.
 class BridgeInspection {
   public:
-    explicit BridgeInspection(const Arguments& arguments) : bridge_(loadBridge()) {
+    BridgeInspection(const Arguments& arguments, Progress& progress)
+        : bridge_(loadBridge()), progress_(progress) {
         bridge_.getOptionList(options_);
         setGivenOptions(options_, arguments);
         const View* given = givenView(options_, arguments);
@@ -199,6 +201,11 @@ class BridgeInspection {
                 continue;
             }
             options_.setValue("Model", view);
+            const std::uint64_t before = ZORXMLWriter::getElementsStarted();
+            const Progress::Stage stage(progress_, [&] {
+                return fmt::format("{}: {} view: {} elements looked at", sourceName, view,
+                                   formatCount(ZORXMLWriter::getElementsStarted() - before));
+            });
             try {
                 work(isGiven_ && arguments.askedName.empty() ? static_cast<ZORLog&>(bridgeLog) : noLog);
             } catch (const ZORException& error) {
@@ -224,6 +231,7 @@ class BridgeInspection {
     }
 
     ZORBridge bridge_;
+    Progress& progress_;
     ZOROptionList options_;
     std::vector<std::string_view> views_;
     bool isGiven_ = false;
@@ -268,12 +276,12 @@ std::string namedReport(const Answer& answer, const OpenedSource& source, const 
 }  // namespace
 
 ExitCode runInspect(const Arguments& arguments, Console& console) {
-    BridgeInspection inspection(arguments);
+    Progress progress(console);
+    BridgeInspection inspection(arguments, progress);
     if (!arguments.askedName.empty()) {
         inspection.requireVerdicts();
     }
     const SourceName name = parseSourceName(arguments.source);
-    Progress progress(console);
     const OpenedSource source = openSource(name, progress);
     const std::string& sourceName = source.source.name();
     const ReadModel read = readModel(source, arguments, console, progress, inspection.viewsToCheck());

@@ -51,6 +51,9 @@ std::string describeVerdicts(const std::vector<ViewVerdicts>& views, bool databa
     for (const ViewVerdicts& view : views) {
         text += fmt::format("\n{:<22}{:>12}{:>12}\n", fmt::format("In the {}:", titleOfView(view.view)),
                             "written", "left out");
+        if (view.kinds.empty()) {
+            text += "  nothing\n";
+        }
         for (const auto& [kind, verdicts] : view.kinds) {
             const ObjectKindEntry& entry = objectKinds()[static_cast<std::size_t>(kind)];
             text += fmt::format("  {:<20}{:>12}{:>12}\n", databaseWords ? entry.databasePlural : entry.plural,

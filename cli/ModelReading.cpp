@@ -154,9 +154,10 @@ void requireContent(const ReadModel& read, const OpenedSource& source, const Arg
         return;
     }
     const bool selective = arguments.selection.hasPatterns() || !arguments.selection.views;
-    throw Failure(ExitCode::NOTHING_SELECTED, source.source.name(),
-                  selective ? "the selection leaves no table" : "there is no table or class in it",
-                  "--allow-empty accepts that");
+    throw Failure(
+        ExitCode::NOTHING_SELECTED, source.source.name(),
+        selective ? "the selection leaves no table or view" : "there is no table, view or class in it",
+        "--allow-empty accepts that");
 }
 
 void printLosses(const readers::LossReport& losses, const std::string& sourceName, Console& console) {

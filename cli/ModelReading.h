@@ -33,7 +33,7 @@ std::string_view optionFor(readers::SelectionPart part);
 ReadModel readModel(const OpenedSource& source, const Arguments& arguments, Console& console,
                     Progress& progress, ZORViewsToCheck views = ZORViewsToCheck::ALL_BUT_UML);
 
-/// Throws Failure when no table or class was read, unless the arguments allow it.
+/// Throws Failure when no table, view or class was read, unless the arguments allow it.
 void requireContent(const ReadModel& read, const OpenedSource& source, const Arguments& arguments);
 
 /// Tells what the model cannot hold: each thing on a verbose console, else the sum in one line.

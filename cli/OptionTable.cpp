@@ -212,7 +212,7 @@ void appendFindingsAndReportOptions(std::vector<OptionEntry>& table) {
              arguments.strict = true;
          }});
     table.push_back({.name = "allow-empty",
-                     .description = "do not mind when no table or class was read",
+                     .description = "do not mind when no table, view or class was read",
                      .group = OptionGroup::FINDINGS,
                      .take = [](Arguments& arguments, const OptionEntry&, const std::string&) {
                          arguments.allowEmpty = true;

@@ -1,19 +1,17 @@
 #include "Progress.h"
 
-#include <chrono>
-
 #include "Signals.h"
 
 namespace cli {
 
 namespace {
 
-constexpr std::chrono::milliseconds FIRST_DELAY(1000);
 constexpr std::chrono::milliseconds INTERVAL(200);
 
 }  // namespace
 
-Progress::Progress(Console& console) : console_(console) {
+Progress::Progress(Console& console, std::chrono::milliseconds firstDelay)
+    : console_(console), firstDelay_(firstDelay) {
     if (console_.canShowProgress()) {
         const signals::Blocker blocker;
         thread_ = std::jthread([this](const std::stop_token& token) { run(token); });
@@ -39,7 +37,7 @@ void Progress::stop() {
 
 void Progress::run(const std::stop_token& token) {
     std::unique_lock lock(mutex_);
-    std::chrono::milliseconds delay = FIRST_DELAY;
+    std::chrono::milliseconds delay = firstDelay_;
     while (!wake_.wait_for(lock, token, delay, [&] { return token.stop_requested(); })) {
         if (describe_) {
             console_.showProgress(describe_());

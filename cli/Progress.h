@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -10,11 +11,11 @@
 
 namespace cli {
 
-/// Shows on a terminal how far a long run has come: nothing in its first second, then a line that a thread of
+/// Shows on a terminal how far a long run has come: nothing at first, then a line that a thread of
 /// its own brings up to date. Where progress may not be shown, it does nothing.
 class Progress {
   public:
-    explicit Progress(Console& console);
+    explicit Progress(Console& console, std::chrono::milliseconds firstDelay = std::chrono::seconds(1));
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -42,6 +43,7 @@ class Progress {
     void run(const std::stop_token& stop);
 
     Console& console_;
+    std::chrono::milliseconds firstDelay_;
     std::mutex mutex_;
     std::condition_variable_any wake_;
     std::function<std::string()> describe_;

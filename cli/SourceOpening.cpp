@@ -3,10 +3,13 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <cctype>
 #include <cerrno>
 #include <cstdint>
+#include <filesystem>
 #include <vector>
 
 #include "Text.h"
@@ -74,6 +77,21 @@ readers::Source openFile(const std::string& path, bool hasPrefix) {
     }
 }
 
+/// What may be wrong with a file that is called like a source of some kind.
+std::string damageHint(const std::string& path) {
+    std::string extension = std::filesystem::path(path).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char byte) { return static_cast<char>(std::tolower(byte)); });
+    for (const readers::Reader* reader : readers::allReaders()) {
+        const readers::ReaderDescription& description = reader->describe();
+        const std::vector<std::string>& endings = description.usualEndings;
+        if (std::find(endings.begin(), endings.end(), extension) != endings.end()) {
+            return fmt::format("; if this is a {}, {}", description.title, description.unrecognised);
+        }
+    }
+    return {};
+}
+
 const readers::Reader& recognise(const readers::Source& source) {
     for (const readers::Reader* reader : readers::allReaders()) {
         if (reader->identify(source)) {
@@ -84,7 +102,8 @@ const readers::Reader& recognise(const readers::Source& source) {
         throw Failure(ExitCode::SOURCE_NOT_READ, source.name(), "there is nothing in it");
     }
     throw Failure(ExitCode::SOURCE_NOT_READ, source.name(), "this is no kind of source that is known",
-                  fmt::format("when it is one, name its kind in front: {}", knownSources()));
+                  fmt::format("when it is one, name its kind in front: {}{}", knownSources(),
+                              damageHint(source.path())));
 }
 
 }  // namespace

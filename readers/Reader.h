@@ -59,9 +59,10 @@ class LossReport {
 };
 
 /// Which parts of a database are wanted. Names may hold the wildcards `*` and `?`; letter case counts unless
-/// the source says otherwise. Of several patterns that match a name, the most specific decides (the one with
-/// the most characters that are not wildcards; an exclusion wins a tie); a name that no pattern matches is
-/// wanted unless there are including patterns.
+/// the source says otherwise. Of several patterns that match a name, the most specific decides: one without
+/// wildcards, else the one with the most other characters. Of "SCHEMA.TABLE" the part for the schema decides
+/// only between patterns whose parts for the table are equally specific. An exclusion wins a tie. A name that
+/// no pattern matches is wanted unless there are including patterns.
 struct Selection {
     std::vector<std::string> schemas;
     std::vector<std::string> excludedSchemas;
@@ -143,9 +144,13 @@ struct ReaderOption {
 
 /// What is known of a reader without reading anything.
 struct ReaderDescription {
-    std::string name;          ///< also the prefix of sources that name it: "sqlite" in "sqlite:shop.db"
-    std::string title;         ///< "SQLite database"
-    std::string recognition;   ///< how its sources are recognised, for the help
+    std::string name;         ///< also the prefix of sources that name it: "sqlite" in "sqlite:shop.db"
+    std::string title;        ///< "SQLite database"
+    std::string recognition;  ///< how its sources are recognised, for the help
+    std::vector<std::string> usualEndings =
+        {};  ///< of names of files that still need the content of a source: ".db"
+    std::string unrecognised =
+        {};                    ///< what a file whose name ends so has, when it is a source and not recognised
     std::string naturalView;   ///< "uml", "erd", "dbm" or "erd+dbm": the view that suits its sources
     std::string databaseType;  ///< what its sources call their database type, or empty
     bool takesSelection = false;

@@ -1,6 +1,8 @@
 #include "Selection.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace readers {
 
@@ -19,36 +21,47 @@ std::size_t nextCharacter(std::string_view text, std::size_t index) noexcept {
     return index;
 }
 
-/// How many characters of a pattern are not wildcards.
-std::size_t countLiterals(std::string_view pattern) {
-    return static_cast<std::size_t>(std::count_if(pattern.begin(), pattern.end(), [](char byte) {
-        return byte != '*' && byte != '?' && !isContinuation(byte);
-    }));
+/// How closely a pattern describes what it fits: whether it has no wildcards, and how many other characters.
+using Closeness = std::pair<bool, std::ptrdiff_t>;
+
+Closeness closenessOf(std::string_view pattern) {
+    const bool exact = pattern.find_first_of("*?") == std::string_view::npos;
+    return {exact, std::count_if(pattern.begin(), pattern.end(), [](char byte) {
+                return byte != '*' && byte != '?' && !isContinuation(byte);
+            })};
+}
+
+/// Of the part for the table, and of that for the schema, which decides only between patterns that describe
+/// the table equally well.
+using Specificity = std::pair<Closeness, Closeness>;
+
+Specificity specificityOfQualified(std::string_view pattern) {
+    const std::size_t dot = pattern.find('.');
+    return {closenessOf(pattern.substr(dot + 1)), closenessOf(pattern.substr(0, dot))};
 }
 
 enum class Decision { WANTED, NOT_INCLUDED, EXCLUDED };
 
-/// Lets every pattern that fits mark itself, and the most specific one decide. `fits` tells of one pattern.
-template <typename Patterns, typename Fits>
-Decision decide(Patterns& patterns, const Fits& fits) {
-    bool anyIncludes = false;
-    const typename Patterns::value_type* decisive = nullptr;
+/// Lets every pattern that fits mark itself, and the most specific one decide. `fit` tells of one pattern how
+/// specific it is, or nothing when it does not fit.
+template <typename Patterns, typename Fit>
+Decision decide(Patterns& patterns, const Fit& fit) {
+    const bool includesAll =
+        std::none_of(patterns.begin(), patterns.end(), [](const auto& pattern) { return !pattern.excludes; });
+    Decision decision = includesAll ? Decision::WANTED : Decision::NOT_INCLUDED;
+    std::optional<Specificity> decisive;
     for (auto& pattern : patterns) {
-        anyIncludes = anyIncludes || !pattern.excludes;
-        if (!fits(pattern)) {
+        const std::optional<Specificity> specificity = fit(pattern);
+        if (!specificity) {
             continue;
         }
         pattern.matched = true;
-        const bool winsTie =
-            decisive != nullptr && pattern.specificity == decisive->specificity && pattern.excludes;
-        if (decisive == nullptr || pattern.specificity > decisive->specificity || winsTie) {
-            decisive = &pattern;
+        if (!decisive || *specificity > *decisive || (*specificity == *decisive && pattern.excludes)) {
+            decisive = specificity;
+            decision = pattern.excludes ? Decision::EXCLUDED : Decision::WANTED;
         }
     }
-    if (decisive == nullptr) {
-        return anyIncludes ? Decision::NOT_INCLUDED : Decision::WANTED;
-    }
-    return decisive->excludes ? Decision::EXCLUDED : Decision::WANTED;
+    return decision;
 }
 
 std::optional<SelectionPart> partFor(Decision decision, SelectionPart inclusions, SelectionPart exclusions) {
@@ -102,8 +115,7 @@ SelectionMatcher::SelectionMatcher(const Selection& selection, LetterCase letter
 void SelectionMatcher::addPatterns(Patterns& patterns, const std::vector<std::string>& given,
                                    bool excludes) const {
     for (const std::string& text : given) {
-        patterns.push_back(
-            {text, comparedForm(text), countLiterals(text), excludes, text.find('.') != std::string::npos});
+        patterns.push_back({text, comparedForm(text), excludes});
     }
 }
 
@@ -119,8 +131,11 @@ std::string SelectionMatcher::comparedForm(std::string_view text) const {
 
 std::optional<SelectionPart> SelectionMatcher::findSchemaRefusal(std::string_view schema) {
     const std::string name = comparedForm(schema);
-    const Decision decision =
-        decide(schemas_, [&](const Pattern& pattern) { return matchesPattern(pattern.compared, name); });
+    const Decision decision = decide(schemas_, [&](const Pattern& pattern) {
+        return matchesPattern(pattern.compared, name)
+                   ? std::optional(Specificity{closenessOf(pattern.given), {}})
+                   : std::nullopt;
+    });
     return partFor(decision, SelectionPart::SCHEMAS, SelectionPart::EXCLUDED_SCHEMAS);
 }
 
@@ -130,9 +145,14 @@ std::optional<SelectionPart> SelectionMatcher::findRefusal(std::string_view sche
     }
     const std::string name = comparedForm(table);
     const std::string qualified = comparedForm(schema) + '.' + name;
-    const Decision decision = decide(tables_, [&](const Pattern& pattern) {
-        return matchesPattern(pattern.compared, name) ||
-               (pattern.hasDot && matchesPattern(pattern.compared, qualified));
+    const Decision decision = decide(tables_, [&](const Pattern& pattern) -> std::optional<Specificity> {
+        if (matchesPattern(pattern.compared, name)) {
+            return Specificity{closenessOf(pattern.given), {}};
+        }
+        const bool hasDot = pattern.compared.find('.') != std::string::npos;
+        return hasDot && matchesPattern(pattern.compared, qualified)
+                   ? std::optional(specificityOfQualified(pattern.given))
+                   : std::nullopt;
     });
     return partFor(decision, SelectionPart::TABLES, SelectionPart::EXCLUDED_TABLES);
 }

@@ -40,9 +40,7 @@ class SelectionMatcher {
     struct Pattern {
         std::string given;
         std::string compared;  ///< in small letters where letter case is ignored
-        std::size_t specificity;
         bool excludes;
-        bool hasDot;
         bool matched = false;
     };
     using Patterns = std::vector<Pattern>;

@@ -55,7 +55,8 @@ bool isInternal(std::string_view name) noexcept {
 
 class CatalogReader {
   public:
-    explicit CatalogReader(const Connection& connection) : connection_(connection) {}
+    CatalogReader(const Connection& connection, Monitor& monitor)
+        : connection_(connection), monitor_(monitor) {}
     Catalog read();
 
   private:
@@ -70,6 +71,7 @@ class CatalogReader {
     static ColumnFacts columnOf(const Query& query, int first);
 
     const Connection& connection_;
+    Monitor& monitor_;
     Catalog catalog_;
     std::unordered_map<std::int64_t, std::size_t> tableIndexes_;  ///< by the row in the schema table
     /// Of the indexes, by name: their places in the order of creation, and their statements.
@@ -85,6 +87,7 @@ Catalog CatalogReader::read() {
         if (!table.isVirtual) {
             table.definition = parseTableDefinition(table.sql);
         }
+        monitor_.advance();
     }
     readColumns();
     readIndexes();
@@ -158,6 +161,7 @@ void CatalogReader::readColumns() {
     while (query.next()) {
         if (TableFacts* table = find(query.integer(0))) {
             table->columns.push_back(columnOf(query, 1));
+            monitor_.advance();
         }
     }
     for (TableFacts& table : catalog_.tables) {
@@ -172,6 +176,7 @@ void CatalogReader::readVirtualColumns(TableFacts& table) {
         Query query(connection_, "PRAGMA main.table_xinfo(" + quoteName(table.name) + ")");
         while (query.next()) {
             table.columns.push_back(columnOf(query, 1));
+            monitor_.advance();
         }
     } catch (const SourceError& failure) {
         if (failure.kind() == SourceError::Kind::INTERRUPTED) {
@@ -193,6 +198,7 @@ void CatalogReader::readIndexes() {
         const std::string name = query.text(1);
         if (table->indexes.empty() || table->indexes.back().name != name) {
             table->indexes.push_back(indexOf(query));
+            monitor_.advance();
         }
         table->indexes.back().members.push_back(
             {static_cast<int>(query.integer(5)), query.integer(6) != 0, query.text(7)});
@@ -230,6 +236,7 @@ void CatalogReader::readForeignKeys() {
         }
         if (query.integer(1) == 0) {
             table->foreignKeys.push_back({query.text(2), {}, {}, query.text(5), query.text(6)});
+            monitor_.advance();
         }
         table->foreignKeys.back().columns.push_back(query.text(3));
         table->foreignKeys.back().parentColumns.push_back(query.text(4));
@@ -258,8 +265,8 @@ bool isShadowTable(std::string_view table, std::string_view virtualTable, std::s
     });
 }
 
-Catalog readCatalog(const Connection& connection) {
-    return CatalogReader(connection).read();
+Catalog readCatalog(const Connection& connection, Monitor& monitor) {
+    return CatalogReader(connection, monitor).read();
 }
 
 }  // namespace readers::sqlite

@@ -19,11 +19,13 @@ class Monitor {
     explicit Monitor(ReadContext& context) noexcept : context_(context) {}
 
     ReadContext& context() const noexcept { return context_; }
-    /// Throws what the context throws.
-    void advance(std::uint64_t objects = 1) {
-        objects_ += objects;
-        context_.progress(objects_);
+    /// One more object was read. Throws what the context throws.
+    void advance() {
+        ++objects_;
+        look();
     }
+    /// The same where nothing more was read.
+    void look() { context_.progress(objects_); }
     /// False when the context wants the reading to end; `rethrow` tells why.
     bool goesOn() noexcept;
     /// Throws what ended the reading, if anything did.

@@ -38,15 +38,38 @@ std::vector<std::string> namesOf(const Columns& columns) {
     return names;
 }
 
-/// The name that the statement gives the constraint of these columns, or nothing.
-std::string declaredName(const TableModel& table, bool primary, const Columns& columns) {
+/// How the values of a column are compared, unless an index or a constraint says otherwise.
+std::string_view usualCollationOf(const TableModel& table, std::string_view column) {
+    const ColumnDefinition* declared = table.facts->definition.column(column);
+    const bool hasOwn = declared != nullptr && !declared->collation.empty();
+    return hasOwn ? std::string_view(declared->collation) : "BINARY";
+}
+
+/// Whether the member is compared as values of its column always are.
+bool hasUsualCollation(const TableModel& table, const IndexMember& member, const ZORAttribute& column) {
+    return equalIgnoringCase(member.collation, usualCollationOf(table, column.getName().view()));
+}
+
+/// The columns that a constraint names; empty when one of them is not there.
+Columns columnsOf(const TableModel& table, const KeyConstraint& key) {
+    Columns columns;
+    for (const KeyMember& member : key.members) {
+        ZORAttribute* column = table.attribute(member.column);
+        if (column == nullptr) {
+            return {};
+        }
+        if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
+            columns.push_back(column);
+        }
+    }
+    return columns;
+}
+
+/// The name that the statement gives the primary key, or nothing.
+std::string declaredPrimaryName(const TableModel& table, const Columns& columns) {
     const auto& keys = table.facts->definition.keys;
     const auto found = std::find_if(keys.begin(), keys.end(), [&](const KeyConstraint& key) {
-        return key.primary == primary && !key.name.empty() &&
-               std::equal(key.members.begin(), key.members.end(), columns.begin(), columns.end(),
-                          [](const KeyMember& member, const ZORAttribute* column) {
-                              return equalIgnoringCase(member.column, column->getName().view());
-                          });
+        return key.primary && columnsOf(table, key) == columns;
     });
     return found == keys.end() ? std::string() : found->name;
 }
@@ -56,21 +79,73 @@ void addPrimaryKey(Build& build, const TableModel& table) {
     if (columns.empty()) {
         return;
     }
-    const std::string declared = declaredName(table, true, columns);
+    const std::string declared = declaredPrimaryName(table, columns);
     const std::string name = declared.empty() ? build.names.makeUp(table.facts->name + "_pk") : declared;
     addCandidateKey(table, name, columns)->setPrimaryOfClass(table.cls);
 }
 
-void addUniqueKeys(Build& build, const TableModel& table) {
-    for (const IndexFacts& index : table.facts->indexes) {
-        const Columns columns = plainColumnsOf(table, index);
-        if (index.origin == IndexFacts::Origin::UNIQUE_CONSTRAINT && !columns.empty()) {
-            const std::string declared = declaredName(table, false, columns);
-            const std::string made = table.facts->name + "_" + join(namesOf(columns), "_") + "_uk";
-            addCandidateKey(table, declared.empty() ? build.names.makeUp(made) : declared, columns);
+/// Whether SQLite made the index for this constraint, or for one that says the same.
+bool isIndexOf(const TableModel& table, const IndexFacts& index, const KeyConstraint& key) {
+    return std::equal(key.members.begin(), key.members.end(), index.members.begin(), index.members.end(),
+                      [&](const KeyMember& declared, const IndexMember& member) {
+                          const ZORAttribute* column = table.attribute(declared.column);
+                          return column != nullptr && column == table.attribute(member.column) &&
+                                 equalIgnoringCase(member.collation,
+                                                   declared.collation.empty()
+                                                       ? usualCollationOf(table, declared.column)
+                                                       : std::string_view(declared.collation));
+                      });
+}
+
+/// The UNIQUE constraints of a table become keys. SQLite has one index for constraints that say the same: the
+/// first of them goes with it, and the others are known from the statement alone.
+class UniqueKeys {
+  public:
+    UniqueKeys(Build& build, const TableModel& table) : build_(build), table_(table) {
+        for (const KeyConstraint& key : table.facts->definition.keys) {
+            if (!key.primary) {
+                declared_.push_back(&key);
+            }
         }
     }
-}
+
+    void add() {
+        for (const IndexFacts& index : table_.facts->indexes) {
+            const Columns columns = plainColumnsOf(table_, index);
+            if (index.origin == IndexFacts::Origin::UNIQUE_CONSTRAINT && !columns.empty()) {
+                addKey(takeNameFor(index), columns);
+            }
+        }
+        for (const KeyConstraint* key : declared_) {
+            const Columns columns = columnsOf(table_, *key);
+            if (!columns.empty()) {
+                addKey(key->name, columns);
+            }
+        }
+    }
+
+  private:
+    std::string takeNameFor(const IndexFacts& index) {
+        const auto found = std::find_if(declared_.begin(), declared_.end(), [&](const KeyConstraint* key) {
+            return isIndexOf(table_, index, *key);
+        });
+        if (found == declared_.end()) {
+            return {};
+        }
+        std::string name = (*found)->name;
+        declared_.erase(found);
+        return name;
+    }
+
+    void addKey(const std::string& declared, const Columns& columns) {
+        const std::string made = table_.facts->name + "_" + join(namesOf(columns), "_") + "_uk";
+        addCandidateKey(table_, declared.empty() ? build_.names.makeUp(made) : declared, columns);
+    }
+
+    Build& build_;
+    const TableModel& table_;
+    std::vector<const KeyConstraint*> declared_;  ///< those that no index was found for yet
+};
 
 /// The key for whose sake an index is there: the candidate key that it makes unique, or else the foreign key
 /// of its columns.
@@ -87,13 +162,6 @@ ZORKey* findBackedKey(const TableModel& table, const IndexFacts& index) {
         }
     }
     return backed;
-}
-
-/// Whether the member is compared as values of its column always are.
-bool hasUsualCollation(const TableModel& table, const IndexMember& member, const ZORAttribute& column) {
-    const ColumnDefinition* declared = table.facts->definition.column(column.getName().view());
-    const bool hasOwn = declared != nullptr && !declared->collation.empty();
-    return equalIgnoringCase(member.collation, hasOwn ? std::string_view(declared->collation) : "BINARY");
 }
 
 bool hasColumns(const TableModel& table, const IndexFacts& index) {
@@ -229,7 +297,7 @@ void addCandidateKeys(Build& build) {
     }
     for (const TableModel& table : build.tables) {
         addPrimaryKey(build, table);
-        addUniqueKeys(build, table);
+        UniqueKeys(build, table).add();
     }
 }
 
@@ -238,7 +306,7 @@ void addIndexes(Build& build) {
         for (const IndexFacts& index : table.facts->indexes) {
             if (index.origin == IndexFacts::Origin::CREATE_INDEX) {
                 addIndex(build, table, index);
-                build.monitor.advance();
+                build.monitor.look();
             }
         }
         reportKeyOrders(build, table);

@@ -63,7 +63,7 @@ class RelationshipBuilder {
         // Only now: keys that were added for the sake of a foreign key stand before all foreign keys.
         for (const Relationship& relationship : found) {
             addAssociation(relationship, addForeignKey(relationship));
-            build_.monitor.advance();
+            build_.monitor.look();
         }
     }
 

@@ -210,7 +210,7 @@ void Script::run() {
         }
         position = first.is(';') ? first.text.data() + 1 : runStatement(first.text.data());
         if (count % STATEMENTS_PER_LOOK == 0) {
-            monitor_.advance(0);
+            monitor_.look();
         }
     }
 }

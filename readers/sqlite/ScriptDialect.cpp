@@ -9,25 +9,39 @@ namespace readers::sqlite {
 
 namespace {
 
+using Marks = std::array<std::string_view, 9>;
+
+/// Marks are in small letters.
 struct Dialect {
     std::string_view name;
-    std::array<std::string_view, 12> marks;  ///< in small letters; words that SQLite has no use for
+    Marks marks;      ///< words that SQLite has no use for
+    Marks weakMarks;  ///< words that SQLite takes too, say as a type's, or that comments may well hold
 };
 
 constexpr std::array<Dialect, 4> DIALECTS = {{
     {"MySQL or MariaDB",
-     {"engine=", "engine =", "auto_increment", "/*!40", "delimiter ", " unsigned", "lock tables",
-      "create schema", "unique key", "character set", "on update current_timestamp", "use `"}},
+     {"engine=", "engine =", "auto_increment", "/*!40", "lock tables", "create schema",
+      "on update current_timestamp", "use `"},
+     {" unsigned", "unique key", "character set", "delimiter "}},
     {"PostgreSQL",
-     {"pg_catalog", "create extension", "create type", "create domain", "owner to", "nextval(",
-      "create sequence", "plpgsql", "from stdin", "without time zone", "alter table only", "::"}},
+     {"pg_catalog", "create extension", "create type", "create domain", "nextval(", "create sequence",
+      "plpgsql", "from stdin", "alter table only"},
+     {"::", "without time zone", "owner to"}},
     {"SQL Server",
-     {"\ngo\n", "\ngo\r\n", "[dbo]", "dbo.", "\"dbo\"", "set quoted_identifier", "set ansi_nulls",
-      "identity(", "identity (", "sysobjects", "nvarchar(max)", "nonclustered"}},
+     {"\ngo\n", "\ngo\r\n", "[dbo]", "\"dbo\"", "set quoted_identifier", "set ansi_nulls", "sysobjects",
+      "nvarchar(max)", "nonclustered"},
+     {"dbo.", "identity(", "identity ("}},
     {"Oracle",
-     {"varchar2", " number(", "create or replace", "tablespace", "dbms_", "sysdate", "nologging", "pctfree",
-      "create sequence", "\n/\n", "enable row movement", "byte)"}},
+     {"create or replace", "dbms_", "nologging", "pctfree", "create sequence", "\n/\n",
+      "enable row movement"},
+     {"varchar2", " number(", "sysdate", "tablespace", "byte)"}},
 }};
+
+int countFound(const Marks& marks, const std::string& excerpt) {
+    return static_cast<int>(std::count_if(marks.begin(), marks.end(), [&](std::string_view mark) {
+        return !mark.empty() && excerpt.find(mark) != std::string::npos;
+    }));
+}
 
 /// The text that is looked at: the script's beginning, and what stands around the position.
 std::string excerptOf(std::string_view script, std::size_t position) {
@@ -41,14 +55,13 @@ std::string excerptOf(std::string_view script, std::size_t position) {
 
 std::string adviseOnDialect(std::string_view script, std::size_t position) {
     const std::string excerpt = excerptOf(script, position);
+    constexpr int ENOUGH = 2;  // one mark, or two weak ones
     const Dialect* likeliest = nullptr;
-    std::ptrdiff_t most = 0;
+    int most = ENOUGH - 1;
     for (const Dialect& dialect : DIALECTS) {
-        const auto count =
-            std::count_if(dialect.marks.begin(), dialect.marks.end(),
-                          [&](std::string_view mark) { return excerpt.find(mark) != std::string::npos; });
-        if (count > most) {
-            most = count;
+        const int found = 2 * countFound(dialect.marks, excerpt) + countFound(dialect.weakMarks, excerpt);
+        if (found > most) {
+            most = found;
             likeliest = &dialect;
         }
     }

@@ -44,7 +44,7 @@ std::unique_ptr<ZORModel> buildModel(const Connection& connection, const std::st
     database->setDatabaseType("SQLite");
     model->addChildPackage(std::move(database));
 
-    const Catalog catalog = sqlite::readCatalog(connection);
+    const Catalog catalog = sqlite::readCatalog(connection, monitor);
     Build build(connection, catalog, request, monitor, *model);
     if (build.matcher.wantsSchema(MAIN_SCHEMA)) {
         auto package = std::make_unique<ZORDesignPackage>();
@@ -71,6 +71,8 @@ class DatabaseReader : public Reader {
         description_.name = "sqlite";
         description_.title = "SQLite database";
         description_.recognition = "a file that begins like a SQLite database, whatever it is called";
+        description_.usualEndings = {".db", ".db3", ".sqlite", ".sqlite3"};
+        description_.unrecognised = "it is encrypted, or its beginning is damaged";
         description_.naturalView = "dbm";
         description_.databaseType = "SQLite";
         description_.takesSelection = true;

@@ -26,6 +26,7 @@ class TableParser {
     bool parseTableConstraint();
     void parseForeignKey();
     bool parseTableKey();
+    static void parseParenthesisedMember(std::string_view text, KeyMember& member);
     KeyMember parseMember(KeyConstraint& key);
     void parseReference(ReferenceConstraint reference);
     bool parseDeferral();
@@ -212,10 +213,22 @@ bool TableParser::parseTableKey() {
     return true;
 }
 
+/// A column, and maybe its collation, in any number of parentheses.
+void TableParser::parseParenthesisedMember(std::string_view text, KeyMember& member) {
+    Tokenizer tokenizer(text);
+    for (Token token = tokenizer.next(); !token.isEnd(); token = tokenizer.next()) {
+        if (member.column.empty() && token.canBeName()) {
+            member.column = token.name();
+        } else if (token.is("COLLATE")) {
+            member.collation = tokenizer.next().name();
+        }
+    }
+}
+
 KeyMember TableParser::parseMember(KeyConstraint& key) {
     KeyMember member;
     if (cursor_.peek().is('(')) {
-        member.column = Tokenizer(cursor_.skipParenthesised()).next().name();
+        parseParenthesisedMember(cursor_.skipParenthesised(), member);
     } else {
         member.column = cursor_.next().name();
     }

@@ -185,7 +185,7 @@ void addTables(Build& build) {
                        "the columns of the virtual table cannot be asked for: " + facts.problem);
         }
         reportTableLosses(build, build.tables.back());
-        build.monitor.advance(1 + facts.columns.size());
+        build.monitor.look();
     }
     reportShadowTables(build);
 }

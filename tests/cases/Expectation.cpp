@@ -54,11 +54,12 @@ std::string compareWithExpected(const Case& which, const std::string& fileName, 
     }
     if (isUpdating()) {
         writeFile(expectedPath, actual);
+        std::filesystem::remove(actualPath);
         return {};
     }
     writeFile(actualPath, actual);
     return (exists ? unifiedDifference(expectedPath, actualPath) : expectedPath + " does not exist\n") +
-           "\nkept:      " + actualPath + "\nto accept: ZOR_UPDATE_GOLDEN=1 ./dev test -R '" +
+           "\nkept:      " + actualPath + "\nto accept: ./dev test --update-golden -R '" +
            escapeDots("cases." + which.name) + "$'";
 }
 

@@ -11,19 +11,35 @@ namespace cases {
 
 namespace {
 
-class SilentContext : public readers::ReadContext {
+class LoggingContext : public readers::ReadContext {
   public:
-    void warn(const std::string& /*where*/, const std::string& /*text*/) override {}
+    void warn(const std::string& where, const std::string& text) override {
+        warnings_ += "warning: " + where + ": " + text + "\n";
+    }
     void progress(std::uint64_t /*objects*/) override {}
+
+    std::string log() const {
+        std::string text = warnings_;
+        for (const readers::LossReport::Item& item : losses.items()) {
+            text += "not carried over (" + item.kind + "): " + item.where +
+                    (item.detail.empty() ? "" : ": " + item.detail) + "\n";
+        }
+        return text;
+    }
+
+  private:
+    std::string warnings_;
 };
 
-std::unique_ptr<ZORModel> read(const readers::Source& source, const std::string& modelName) {
+Reading read(const readers::Source& source, const std::string& modelName) {
     readers::ReadRequest request;
     request.modelName = modelName;
-    SilentContext context;
+    LoggingContext context;
     for (const readers::Reader* reader : readers::allReaders()) {
         if (reader->identify(source)) {
-            return reader->read(source, request, context);
+            Reading reading{reader->read(source, request, context), {}};
+            reading.log = context.log();
+            return reading;
         }
     }
     throw std::runtime_error("no reader knows " + source.name());
@@ -31,7 +47,7 @@ std::unique_ptr<ZORModel> read(const readers::Source& source, const std::string&
 
 }  // namespace
 
-std::unique_ptr<ZORModel> readModel(const std::string& source, const std::string& modelName) {
+Reading readModel(const std::string& source, const std::string& modelName) {
     return read(readers::Source::fromFile(source), modelName);
 }
 
@@ -42,7 +58,7 @@ std::string saveModel(const ZORModel& model) {
 }
 
 std::unique_ptr<ZORModel> readSavedModel(const std::string& document) {
-    return read(readers::Source::fromText("saved.model.json", document), {});
+    return read(readers::Source::fromText("saved.model.json", document), {}).model;
 }
 
 std::string exportModel(ZORModel& model, const std::vector<std::pair<std::string, std::string>>& options,

@@ -14,8 +14,13 @@ namespace cases {
 /// 12 June 2007, 10:53:57.
 constexpr std::time_t MOMENT = 1181645637;
 
+struct Reading {
+    std::unique_ptr<ZORModel> model;
+    std::string log;  ///< what the reader warned of, then what it did not carry over, a line each
+};
+
 /// Reads the source with the reader that recognises it; `modelName` may be empty.
-std::unique_ptr<ZORModel> readModel(const std::string& source, const std::string& modelName);
+Reading readModel(const std::string& source, const std::string& modelName);
 
 /// The model as a model document, and back.
 std::string saveModel(const ZORModel& model);

@@ -21,6 +21,8 @@ class BadSources {
         scratch.write("blank", " \n\t\n");
         scratch.write("zeros", std::string(5000, '\0'));
         scratch.write("picture.png", "\x89PNG\r\n\x1a\n\x01\x02\x03");
+        scratch.write("encrypted.db", "\x8f\x1c\xe2\x07\xb0" + std::string(4091, '\xa7'));
+        scratch.write("NOISE.SQLITE3", "\x03\xfe\x99 noise");
         scratch.write("page.html", "<!DOCTYPE html>\n<html><body>Hello</body></html>\n");
         scratch.write("list.json", "[1, 2, 3]\n");
         scratch.write("shop.sql", SHOP_SQL);
@@ -70,6 +72,11 @@ std::string ofNoKnownKind(const std::string& name) {
            "document)";
 }
 
+std::string ofNoKnownKindButCalledADatabase(const std::string& name) {
+    return ofNoKnownKind(name) +
+           "; if this is a SQLite database, it is encrypted, or its beginning is damaged";
+}
+
 std::string noDatabase(const std::string& name) {
     return name +
            ": it is not a SQLite database, or it is encrypted\nhint: an encrypted database must be decrypted "
@@ -88,6 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(BadSource{"blank", 4, ofNoKnownKind("blank")},
                     BadSource{"zeros", 4, ofNoKnownKind("zeros")},
                     BadSource{"picture.png", 4, ofNoKnownKind("picture.png")},
+                    BadSource{"encrypted.db", 4, ofNoKnownKindButCalledADatabase("encrypted.db")},
+                    BadSource{"NOISE.SQLITE3", 4, ofNoKnownKindButCalledADatabase("NOISE.SQLITE3")},
                     BadSource{"page.html", 4, ofNoKnownKind("page.html")},
                     BadSource{"list.json", 4, ofNoKnownKind("list.json")},
                     BadSource{"empty", 4, "empty: there is nothing in it"},
@@ -123,21 +132,21 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     AsAScript, BadSourceTest,
-    testing::Values(BadSource{"sql:folder", 3, "folder: is a folder\nhint: name a file in it"},
-                    BadSource{"sql:/dev/null", 3, "/dev/null: is a device, not a file"},
-                    BadSource{"sql:/dev/zero", 3, "/dev/zero: is a device, not a file"},
-                    BadSource{"sql:no.such", 3, "no.such: cannot be opened: No such file or directory"},
-                    BadSource{"sql:empty", 6,
-                              "empty: there is no table or class in it\nhint: --allow-empty accepts that"},
-                    BadSource{"sql:blank", 6,
-                              "blank: there is no table or class in it\nhint: --allow-empty accepts that"},
-                    BadSource{"sql:zeros", 4, "zeros: line 1: there is a NUL character; this is no text"},
-                    BadSource{"sql:picture.png", 4, "picture.png: line 1: near \"\\x89PNG\": syntax error"},
-                    BadSource{"sql:page.html", 4, "page.html: line 1: near \"<\": syntax error"},
-                    BadSource{"sql:list.json", 4, "list.json: line 1: near \"[1, 2, 3]\": syntax error"},
-                    BadSource{"sql:m.model.json", 4, "m.model.json: line 1: unrecognized token: \"{\""},
-                    BadSource{"sql:shop.sqlite", 4,
-                              "shop.sqlite: line 1: there is a NUL character; this is no text"}),
+    testing::Values(
+        BadSource{"sql:folder", 3, "folder: is a folder\nhint: name a file in it"},
+        BadSource{"sql:/dev/null", 3, "/dev/null: is a device, not a file"},
+        BadSource{"sql:/dev/zero", 3, "/dev/zero: is a device, not a file"},
+        BadSource{"sql:no.such", 3, "no.such: cannot be opened: No such file or directory"},
+        BadSource{"sql:empty", 6,
+                  "empty: there is no table, view or class in it\nhint: --allow-empty accepts that"},
+        BadSource{"sql:blank", 6,
+                  "blank: there is no table, view or class in it\nhint: --allow-empty accepts that"},
+        BadSource{"sql:zeros", 4, "zeros: line 1: there is a NUL character; this is no text"},
+        BadSource{"sql:picture.png", 4, "picture.png: line 1: near \"\\x89PNG\": syntax error"},
+        BadSource{"sql:page.html", 4, "page.html: line 1: near \"<\": syntax error"},
+        BadSource{"sql:list.json", 4, "list.json: line 1: near \"[1, 2, 3]\": syntax error"},
+        BadSource{"sql:m.model.json", 4, "m.model.json: line 1: unrecognized token: \"{\""},
+        BadSource{"sql:shop.sqlite", 4, "shop.sqlite: line 1: there is a NUL character; this is no text"}),
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(

@@ -142,18 +142,26 @@ TEST_F(ExitCode, Is5WhenTheBridgeCannotBeLoaded) {
     EXPECT_FALSE(scratch.exists("shop.xml"));
 }
 
-TEST_F(ExitCode, Is6WhenThereIsNoTableOrClass) {
+TEST_F(ExitCode, Is6WhenThereIsNoTableViewOrClass) {
     scratch.write("empty.sql", "-- nothing yet\nCREATE TABLE t (a INTEGER); DROP TABLE t;\n");
     const Result result = run(scratch, {"export", "sql:empty.sql", "out.xml"});
     EXPECT_EQ(result.exitCode, 6);
     EXPECT_EQ(result.err,
-              "oimbridge: error: empty.sql: there is no table or class in it\n"
+              "oimbridge: error: empty.sql: there is no table, view or class in it\n"
               "hint: --allow-empty accepts that\n");
     EXPECT_FALSE(scratch.exists("out.xml"));
     EXPECT_EQ(run(scratch, {"export", "sql:empty.sql", "out.xml", "--allow-empty"}).exitCode, 0);
     EXPECT_THAT(scratch.read("out.xml"), testing::EndsWith("</oim:Transfer>\n"));
     EXPECT_EQ(run(scratch, {"inspect", "sql:empty.sql"}).exitCode, 6);
     EXPECT_EQ(run(scratch, {"inspect", "sql:empty.sql", "--allow-empty"}).exitCode, 0);
+}
+
+TEST_F(ExitCode, Is0WhenThereIsAViewAndNoTable) {
+    makeDatabase(scratch / "view.db", "CREATE VIEW answer AS SELECT 42 AS number;");
+    EXPECT_EQ(run(scratch, {"inspect", "view.db"}).exitCode, 0);
+    EXPECT_EQ(run(scratch, {"export", "view.db", "out.xml"}).exitCode, 0);
+    EXPECT_THAT(scratch.read("out.xml"), HasSubstr("\"answer\""));
+    EXPECT_EQ(run(scratch, {"inspect", "view.db", "--no-views"}).exitCode, 6);
 }
 
 TEST_F(ExitCode, Is6WithTheReasonWhenAUmlModelHasNoClass) {
@@ -164,7 +172,7 @@ TEST_F(ExitCode, Is6WithTheReasonWhenAUmlModelHasNoClass) {
     EXPECT_EQ(result.exitCode, 6);
     EXPECT_EQ(result.err,
               "oimbridge: warning: empty.uml: m: there is no class in the model, nor a data type\n"
-              "oimbridge: error: empty.uml: there is no table or class in it\n"
+              "oimbridge: error: empty.uml: there is no table, view or class in it\n"
               "hint: --allow-empty accepts that\n");
     EXPECT_FALSE(scratch.exists("out.xml"));
 }
@@ -181,7 +189,7 @@ TEST_F(ExitCode, Is6WhenTheSelectionLeavesNothing) {
     const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--table", "nothing*"});
     EXPECT_EQ(result.exitCode, 6);
     EXPECT_THAT(result.err, HasSubstr("oimbridge: warning: shop.sql: "));
-    EXPECT_THAT(result.err, HasSubstr("oimbridge: error: shop.sql: the selection leaves no table\n"
+    EXPECT_THAT(result.err, HasSubstr("oimbridge: error: shop.sql: the selection leaves no table or view\n"
                                       "hint: --allow-empty accepts that\n"));
     EXPECT_FALSE(scratch.exists("out.xml"));
 }

@@ -33,7 +33,7 @@ By schema:
         tables  columns  candidate keys  foreign keys  relationships  views  view columns  triggers
   main       3        7               3             2              2      1             1         1
 
-Not carried over, because the model cannot hold it:
+Not carried over:
   collations (1)
     main.customer.name: NOCASE
 
@@ -86,6 +86,28 @@ In the DBM view:           written    left out
   data types                     5           0
   relationship ends              4           0
 )");
+}
+
+TEST_F(Inspect, ReportsOfNothingWhereTheSelectionLeavesNothing) {
+    EXPECT_EQ(
+        report({"shop.sql", "--exclude-schema", "main", "--view", "dbm", "--allow-empty"}),
+        R"(shop.sql: SQL script in SQLite's dialect "shop", database type SQLite; exported as --view dbm unless told otherwise
+
+Read:
+  nothing
+
+In the DBM view:           written    left out
+  nothing
+)");
+}
+
+TEST_F(Inspect, DoesNotBlameTheModelForWhatTheSelectionLeavesOut) {
+    EXPECT_THAT(report({"shop.sql", "--table", "sale"}), HasSubstr(R"(
+Not carried over:
+  relationships to tables left out (2)
+    main.sale.sale_customer_id_fk: customer
+    main.sale.sale_product_code_fk: product
+)"));
 }
 
 TEST_F(Inspect, ReportsOfOneView) {

@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <stdexcept>
 #include <thread>
 
@@ -229,9 +230,20 @@ bool Process::readTerminal(int timeoutMilliseconds) {
 }
 
 bool Process::waitForTerminal(const std::string& text) {
+    return waitForTerminalUntil([&] { return terminalText_.find(text) != std::string::npos; });
+}
+
+bool Process::waitForTerminalMatch(const std::string& pattern) {
+    const std::regex wanted(pattern);
+    return waitForTerminalUntil([&] { return std::regex_search(terminalText_, wanted); });
+}
+
+bool Process::waitForTerminalUntil(const std::function<bool()>& condition) {
     const int timeout = static_cast<int>(std::chrono::milliseconds(LONG_TIME).count());
-    while (terminalText_.find(text) == std::string::npos) {
-        if (!readTerminal(timeout)) {
+    const auto deadline = std::chrono::steady_clock::now() + LONG_TIME;
+    while (!condition()) {
+        // A line that is shown over and over is something to read, too.
+        if (std::chrono::steady_clock::now() > deadline || !readTerminal(timeout)) {
             return false;
         }
     }

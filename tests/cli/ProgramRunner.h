@@ -66,11 +66,14 @@ class Process {
     /// Reads what the program writes to its terminal until that holds the text. False when the program ends,
     /// or a long time passes, before.
     bool waitForTerminal(const std::string& text);
+    /// The same for something that the regular expression describes.
+    bool waitForTerminalMatch(const std::string& pattern);
     /// Waits for the end of the program; one that hangs is killed after a long time.
     Result wait();
 
   private:
     bool readTerminal(int timeoutMilliseconds);
+    bool waitForTerminalUntil(const std::function<bool()>& condition);
 
     pid_t pid_ = -1;
     int input_ = -1;

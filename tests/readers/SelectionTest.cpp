@@ -82,25 +82,48 @@ TEST(Selection, ExcludingPatternsLeaveTheRestIn) {
     EXPECT_FALSE(matcher.wantsTable("main", "tmp_orders"));
 }
 
-TEST(Selection, MostSpecificPatternDecidesWhateverTheirOrder) {
-    SelectionMatcher matcher{selectTables({"*", "order_lines_new"}, {"order_*"})};
-    EXPECT_TRUE(matcher.wantsTable("main", "orders"));
-    EXPECT_FALSE(matcher.wantsTable("main", "order_lines"));
-    EXPECT_TRUE(matcher.wantsTable("main", "order_lines_new"));
+struct ConflictRow {
+    const char* description;
+    const char* table;  ///< of the schema main
+    Patterns tables;
+    Patterns excludedTables;
+    bool isWanted;
+};
+
+class Conflict : public testing::TestWithParam<ConflictRow> {};
+
+TEST_P(Conflict, IsDecidedByTheMostSpecificPattern) {
+    SelectionMatcher matcher{selectTables(GetParam().tables, GetParam().excludedTables)};
+    EXPECT_EQ(matcher.wantsTable("main", GetParam().table), GetParam().isWanted) << GetParam().description;
 }
 
-TEST(Selection, SpecificityCountsCharactersNotBytes) {
-    SelectionMatcher matcher{selectTables({"*abc"}, {"\xC3\xBC\xC3\xBC*"})};
-    EXPECT_TRUE(matcher.wantsTable("main",
-                                   "\xC3\xBC\xC3\xBC"
-                                   "abc"));
-}
+const ConflictRow CONFLICT_ROWS[] = {
+    {"no pattern but a star", "orders", {"*", "order_lines_new"}, {"order_*"}, true},
+    {"more characters exclude", "order_lines", {"*", "order_lines_new"}, {"order_*"}, false},
+    {"the whole name includes", "order_lines_new", {"*", "order_lines_new"}, {"order_*"}, true},
+    {"characters count, not bytes",
+     "\xC3\xBC\xC3\xBC"
+     "abc",
+     {"*abc"},
+     {"\xC3\xBC\xC3\xBC*"},
+     true},
+    {"an exclusion wins a tie", "order", {"order*"}, {"*order"}, false},
+    {"an exclusion wins over itself", "order", {"order"}, {"order"}, false},
+    {"a name wins over a star for nothing", "order", {"order"}, {"order*"}, true},
+    {"a name wins over a longer wildcard", "order", {"order"}, {"*order*"}, true},
+    {"a name wins over a schema's tables", "film", {"film"}, {"main.*"}, true},
+    {"so it does when it excludes", "film", {"main.*"}, {"film"}, false},
+    {"a name wins over a schema and a wildcard", "film", {"film"}, {"main.fil*"}, true},
+    {"part of a name wins over a schema's tables", "film", {"f*"}, {"main.*"}, true},
+    {"a schema decides between equal names", "film", {"main.film"}, {"film"}, true},
+    {"a schema decides between equal wildcards", "film", {"main.f*"}, {"f*"}, true},
+    {"a schema's name wins over its wildcard", "film", {"main.film"}, {"main*.film"}, true},
+    {"any schema is as good as none", "film", {"*.film"}, {"film"}, false},
+    {"a name with a dot is a name", "film.old", {"film.old"}, {"main.*"}, true},
+    {"a name with a dot wins over a wildcard", "film.old", {"film.old"}, {"film.ol*"}, true},
+};
 
-TEST(Selection, ExclusionWinsATie) {
-    SelectionMatcher matcher{selectTables({"order*"}, {"*order"})};
-    EXPECT_FALSE(matcher.wantsTable("main", "order"));
-    EXPECT_TRUE(matcher.wantsTable("main", "orders"));
-}
+INSTANTIATE_TEST_SUITE_P(Rows, Conflict, testing::ValuesIn(CONFLICT_ROWS));
 
 TEST(Selection, TableIsWantedOnlyWhenItsSchemaIs) {
     SelectionMatcher matcher{select({"sales"}, {}, {"orders"}, {})};

@@ -343,8 +343,13 @@ TEST(DatabaseFile, CanBeInterruptedAtEveryPoint) {
 }
 
 TEST(DatabaseFile, TellsHowManyObjectsWereRead) {
-    const support::Reading reading = support::readDatabase("CREATE TABLE t(a, b); CREATE INDEX i ON t(a)");
-    EXPECT_EQ(reading.context.objects, 4U);
+    EXPECT_EQ(support::readDatabase("CREATE TABLE t(a, b); CREATE INDEX i ON t(a)").context.objects, 4U);
+    EXPECT_EQ(support::readDatabase("CREATE TABLE t(a INTEGER PRIMARY KEY); CREATE TABLE u(b REFERENCES t, "
+                                    "c REFERENCES t);"
+                                    "CREATE VIEW v AS SELECT b FROM u;"
+                                    "CREATE TRIGGER i AFTER INSERT ON t BEGIN SELECT 1; END")
+                  .context.objects,
+              9U);
 }
 
 TEST(LoggedDatabase, InUseIsReadAsItsUserSeesIt) {

@@ -110,8 +110,9 @@ INSTANTIATE_TEST_SUITE_P(
                   " CONSTRAINT c CHECK (a > (b)), FOREIGN KEY(a) REFERENCES u)",
                   {"column a", "column b", "primary p: a b", "unique : b/NOCASE- a conflict IGNORE",
                    "check c of table: a > (b)", "reference : a to u"}},
-        TableCase{
-            "a key column in parentheses", "CREATE TABLE t(a, UNIQUE((a)))", {"column a", "unique : a"}},
+        TableCase{"key columns in parentheses",
+                  "CREATE TABLE t(a, b, UNIQUE((a), ((b) COLLATE NOCASE) DESC))",
+                  {"column a", "column b", "unique : a b/NOCASE-"}},
         TableCase{
             "defaults of all shapes",
             "CREATE TABLE t(a DEFAULT 'x, y)', b DEFAULT -1.5e-3 UNIQUE, c DEFAULT (f(1, ')')) NOT NULL,"

@@ -229,6 +229,68 @@ table t
   Name TEXT null
   unique one (Name)
 )"},
+    {"UniqueConstraintsOfTheSameColumnsAreToldApartByTheirCollations",
+     "CREATE TABLE t(code TEXT, CONSTRAINT by_bytes UNIQUE (code), CONSTRAINT by_letters UNIQUE (code "
+     "COLLATE NOCASE));"
+     " CREATE TABLE u(code TEXT COLLATE NOCASE, CONSTRAINT by_bytes UNIQUE (code COLLATE BINARY),"
+     " CONSTRAINT by_letters UNIQUE (code))",
+     R"(
+table t
+  code TEXT null
+  unique by_bytes (code)
+  unique by_letters (code)
+table u
+  code TEXT null
+  unique by_bytes (code)
+  unique by_letters (code)
+)",
+     {},
+     {"collations: main.t.code: NOCASE", "collations: main.u.code: NOCASE"}},
+    {"UniqueConstraintsThatSayTheSameAreAllKept",
+     "CREATE TABLE t(code TEXT, name TEXT UNIQUE, CONSTRAINT first UNIQUE (code), CONSTRAINT second UNIQUE "
+     "(CODE), CONSTRAINT third UNIQUE (name))",
+     R"(
+table t
+  code TEXT null
+  name TEXT null
+  unique t_name_uk (name)
+  unique first (code)
+  unique second (code)
+  unique third (name)
+)"},
+    {"UniqueConstraintsOfThePrimaryKeysColumnsAreKept",
+     "CREATE TABLE before(code TEXT, CONSTRAINT uq UNIQUE (code), CONSTRAINT pk PRIMARY KEY (code));"
+     " CREATE TABLE behind(code TEXT, CONSTRAINT pk PRIMARY KEY (code), CONSTRAINT uq UNIQUE (code));"
+     " CREATE TABLE rows(id INTEGER PRIMARY KEY, CONSTRAINT uq UNIQUE (id));"
+     " CREATE TABLE bare(code TEXT PRIMARY KEY UNIQUE) WITHOUT ROWID",
+     R"(
+table before
+  code TEXT
+  primary pk (code)
+  unique uq (code)
+table behind
+  code TEXT
+  primary pk (code)
+  unique uq (code)
+table rows
+  id INTEGER
+  primary rows_pk (id)
+  unique uq (id)
+table bare
+  code TEXT
+  primary bare_pk (code)
+  unique bare_code_uk (code)
+)",
+     {},
+     {"table options: main.bare: WITHOUT ROWID"}},
+    {"AColumnThatAConstraintRepeatsIsOneOfTheKey",
+     "CREATE TABLE t(a INT, b INT, CONSTRAINT twice UNIQUE (a, b, a))",
+     R"(
+table t
+  a INT null
+  b INT null
+  unique twice (a, b)
+)"},
     {"AKeyOfAWithoutRowidTable",
      "CREATE TABLE t(a TEXT, b TEXT UNIQUE, PRIMARY KEY (b, a)) WITHOUT ROWID",
      R"(

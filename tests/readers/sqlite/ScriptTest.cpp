@@ -164,6 +164,7 @@ TEST(Script, ForAnotherDatabaseIsKnown) {
         {"SET search_path = pg_catalog;\nCREATE TABLE t(a serial)", "PostgreSQL"},
         {"SET QUOTED_IDENTIFIER ON\nGO\nCREATE TABLE [dbo].[t](a INT IDENTITY(1,1))\nGO\n", "SQL Server"},
         {"CREATE TABLE t(a VARCHAR2(9 BYTE)) TABLESPACE users", "Oracle"},
+        {"CREATE TABLE t(a int unsigned, UNIQUE KEY b (a))", "MySQL or MariaDB"},
     };
     for (const RefusedCase& c : cases) {
         EXPECT_THAT(support::errorOfScript(c.sql),
@@ -175,6 +176,17 @@ TEST(Script, ForAnotherDatabaseIsKnown) {
               "CANNOT_READ: line 1: near \"AUTO_INCREMENT\": syntax error [the script seems to be written "
               "for MySQL or "
               "MariaDB; only SQLite's SQL is understood here]");
+}
+
+TEST(Script, IsNotTakenForAnotherDatabasesByAWordThatSqliteHasToo) {
+    constexpr const char* PLAIN[] = {"CREATE TABLE t(d UNSIGNED BIG INT);", "CREATE TABLE t(d NUMBER(9, 2));",
+                                     "CREATE TABLE t(d TIMESTAMP WITHOUT TIME ZONE);",
+                                     "CREATE TABLE t(d INT IDENTITY(1, 1));",
+                                     "CREATE TABLE t(d DEFAULT '::');"};
+    for (const std::string plain : PLAIN) {
+        EXPECT_EQ(support::errorOfScript(plain + "\nCREATE TABEL u(a)"),
+                  "CANNOT_READ: line 2: near \"TABEL\": syntax error");
+    }
 }
 
 TEST(Script, ThatIsNoTextIsAnError) {
