@@ -60,6 +60,32 @@ model m
 derived type Name from String SQL_VARCHAR
 type String SQL_VARCHAR
 )"_lines},
+    {"WhatSpecialisesAnEnumerationHasItsDataType",
+     eclipse(R"(<packagedElement xmi:type="uml:Enumeration" xmi:id="_s" name="State">
+        <ownedLiteral xmi:id="_1" name="open"/></packagedElement>
+        <packagedElement xmi:type="uml:Enumeration" xmi:id="_f" name="FineState"><generalization general="_s"/>
+        </packagedElement><packagedElement xmi:type="uml:Enumeration" xmi:id="_r" name="RareState">
+        <ownedLiteral xmi:id="_2" name="lent"/><generalization general="_f"/></packagedElement>
+        <packagedElement xmi:type="uml:DataType" xmi:id="_d" name="Condition"><generalization general="_r"/>
+        </packagedElement>)"),
+     R"(
+model m
+derived type State SQL_VARCHAR
+  value open 0 open
+derived type FineState from State SQL_VARCHAR
+derived type RareState from FineState SQL_VARCHAR
+  value lent 0 lent
+derived type Condition from RareState SQL_VARCHAR
+)"_lines},
+    {"AnEnumerationThatSpecialisesANumberHoldsWordsAllTheSame",
+     eclipse(R"(<packagedElement xmi:type="uml:PrimitiveType" xmi:id="_i" name="Integer"/>
+        <packagedElement xmi:type="uml:Enumeration" xmi:id="_e" name="Grade"><generalization general="_i"/>
+        </packagedElement>)"),
+     R"(
+model m
+type Integer SQL_INTEGER
+derived type Grade from Integer SQL_VARCHAR
+)"_lines},
     {"ADataTypeWithAttributesIsAClassWithAKeyword",
      eclipse(R"(<packagedElement xmi:type="uml:DataType" xmi:id="_p" name="Point">
         <ownedAttribute xmi:id="_x" name="x" type="_String"/></packagedElement>)" +
