@@ -132,13 +132,16 @@ void Features::addOperation(ZORClass& cls, Element element) {
         }
     }
     if (assembly_.dialect.namesAreDeclarations && !hasParameters) {
-        declareOperation(operation, name);
+        declareOperation(operation, element, name);
     }
 }
 
-void Features::declareOperation(ZOROperation& operation, std::string_view declaration) {
+void Features::declareOperation(ZOROperation& operation, Element element, std::string_view declaration) {
     const DeclaredOperation declared = parseOperation(declaration);
     operation.setName(ZORString(declared.name));
+    if (!declared.rest.empty()) {
+        assembly_.lose("texts behind parameter lists", element, declared.rest);
+    }
     if (!declared.result.empty()) {
         operation.setResultType(types_.named(declared.result));
     }
