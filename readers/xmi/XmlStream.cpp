@@ -6,6 +6,7 @@
 
 #include "Prolog.h"
 #include "Reader.h"
+#include "Utf8.h"
 
 namespace readers::xmi {
 
@@ -14,8 +15,8 @@ namespace {
 /// Faults that only a file has that ends too early.
 constexpr int CUT_OFF_CODES[] = {XML_ERR_DOCUMENT_END, XML_ERR_TAG_NOT_FINISHED, XML_ERR_COMMENT_NOT_FINISHED,
                                  XML_ERR_CDATA_NOT_FINISHED, XML_ERR_PI_NOT_FINISHED};
-constexpr int ENCODING_CODES[] = {XML_ERR_INVALID_ENCODING, XML_ERR_INVALID_CHAR, XML_I18N_CONV_FAILED,
-                                  XML_IO_ENCODER, XML_I18N_EXCESS_HANDLER};
+constexpr int ENCODING_CODES[] = {XML_ERR_INVALID_ENCODING, XML_I18N_CONV_FAILED, XML_IO_ENCODER,
+                                  XML_I18N_EXCESS_HANDLER};
 constexpr int UNKNOWN_ENCODING_CODES[] = {XML_ERR_UNKNOWN_ENCODING, XML_ERR_UNSUPPORTED_ENCODING,
                                           XML_I18N_NO_HANDLER};
 
@@ -30,8 +31,25 @@ bool endsInTheMiddle(std::string_view content) noexcept {
     return last == std::string_view::npos || content[last] != '>';
 }
 
+/// Whether the parser is behind the end of the outermost element.
+bool isBehindRoot(const void* context) noexcept {
+    const auto* parser = static_cast<const xmlParserCtxt*>(context);
+    return parser != nullptr && parser->nameNr == 0 && parser->myDoc != nullptr &&
+           xmlDocGetRootElement(parser->myDoc) != nullptr;
+}
+
 std::string inLine(int line, std::string text) {
     return line > 0 ? "line " + std::to_string(line) + ": " + std::move(text) : text;
+}
+
+/// As in " (U+0001)".
+std::string describe(int character) {
+    constexpr std::string_view DIGITS = "0123456789ABCDEF";
+    std::string number;
+    for (int rest = character; rest > 0 || number.size() < 4; rest /= 16) {
+        number.insert(number.begin(), DIGITS[static_cast<std::size_t>(rest % 16)]);
+    }
+    return " (U+" + number + ")";
 }
 
 [[noreturn]] void throwTooDeep(int line) {
@@ -95,6 +113,8 @@ void XmlStream::noteFault(void* data, xmlErrorPtr error) noexcept {
     if (fault.code == 0 && counts) {
         fault.code = error->code;
         fault.line = error->line;
+        fault.character = error->code == XML_ERR_INVALID_CHAR ? error->int1 : 0;
+        fault.isBehindRoot = error->domain == XML_FROM_PARSER && isBehindRoot(error->ctxt);
         try {
             fault.text = trimMessage(error->message);
         } catch (const std::bad_alloc&) {
@@ -148,6 +168,12 @@ std::uint32_t XmlStream::line() const noexcept {
     return static_cast<std::uint32_t>(std::max(0, line > 0 && line < FIRST_UNKNOWN ? line : near));
 }
 
+/// The parser has one number for characters that XML does not have and bytes that are none.
+bool XmlStream::isFaultOfBytes() const {
+    return fault_.code == XML_ERR_INVALID_CHAR && fault_.text.starts_with("Input is not proper UTF-8") &&
+           !isUtf8(content_);
+}
+
 void XmlStream::throwFault() const {
     constexpr auto CANNOT_READ = SourceError::Kind::CANNOT_READ;
     if (fault_.code == XML_ERR_NO_MEMORY) {
@@ -162,12 +188,23 @@ void XmlStream::throwFault() const {
                                                   declaredEncoding(content_) + ", is not known here"),
                           "save it as UTF-8");
     }
-    if (isOneOf(ENCODING_CODES, fault_.code)) {
+    if (isOneOf(ENCODING_CODES, fault_.code) || isFaultOfBytes()) {
         throw SourceError(
             CANNOT_READ,
             inLine(fault_.line, "there are bytes that are no text in the file's encoding, which is " +
                                     declaredEncoding(content_)),
             "save it in that encoding, or let its first line declare the one that it has");
+    }
+    if (fault_.code == XML_ERR_INVALID_CHAR) {
+        throw SourceError(CANNOT_READ,
+                          inLine(fault_.line, "there is a character that XML does not permit" +
+                                                  (fault_.character > 0 ? describe(fault_.character) : "")),
+                          "take it out; most often it is a control character that came with a pasted text");
+    }
+    if (fault_.isBehindRoot) {
+        throw SourceError(CANNOT_READ,
+                          inLine(fault_.line, "there is something behind the end of the outermost element"),
+                          "it was probably put together from two files; take out what is not the model's");
     }
     if (isOneOf(CUT_OFF_CODES, fault_.code) || endsInTheMiddle(content_)) {
         throw SourceError(CANNOT_READ, inLine(fault_.line, "the file ends in the middle of an element"),

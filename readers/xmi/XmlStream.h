@@ -37,6 +37,8 @@ class XmlStream {
     struct Fault {
         int code = 0;
         int line = 0;
+        int character = 0;  ///< one that XML does not permit, where the parser tells which
+        bool isBehindRoot = false;
         std::string text;
     };
 
@@ -58,6 +60,7 @@ class XmlStream {
 
     static void noteFault(void* data, xmlErrorPtr error) noexcept;
     bool advance();
+    bool isFaultOfBytes() const;
     [[noreturn]] void throwFault() const;
 
     std::string_view content_;

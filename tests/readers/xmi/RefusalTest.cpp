@@ -56,6 +56,8 @@ std::string withDocumentType(const std::string& type) {
     return type + SOUND.substr(SOUND.find('\n') + 1);
 }
 
+const std::string NOT_PERMITTED = "line 3: there is a character that XML does not permit";
+constexpr auto SURPLUS = ": there is something behind the end of the outermost element";
 constexpr auto CUT_OFF = ": the file ends in the middle of an element";
 
 const std::vector<Case> TEXTS = {
@@ -66,6 +68,10 @@ const std::vector<Case> TEXTS = {
     {"CutOffBetweenElements", SOUND.substr(0, SOUND.find("</uml:Model>")), std::string("line 3") + CUT_OFF},
     {"CutOffInAnElement", SOUND.substr(0, SOUND.find("uml:Class") + 3), std::string("line 3") + CUT_OFF},
     {"CutOffInTheLastTag", SOUND.substr(0, SOUND.size() - 4), std::string("line 3") + CUT_OFF},
+    {"AnElementBehindTheModel", SOUND + "\n<x/>", std::string("line 4") + SURPLUS},
+    {"AnEndBehindTheModel", SOUND + "\n</xmi:XMI>", std::string("line 4") + SURPLUS},
+    {"TextBehindTheModel", SOUND + "\nand more", std::string("line 4") + SURPLUS},
+    {"ASecondFileBehindTheModel", SOUND + "\n" + SOUND, std::string("line 4") + SURPLUS},
     {"TagsThatDoNotMatch", eclipse("<packagedElement></ownedElement>"),
      "line 3: this is not well-formed XML: Opening and ending tag mismatch: packagedElement line 3 and "
      "ownedElement"},
@@ -77,6 +83,12 @@ const std::vector<Case> TEXTS = {
      "<?xml version=\"1.0\" encoding=\"windows-1252\"?>" +
          SOUND.substr(SOUND.find('\n'), SOUND.find("uml:Class") - SOUND.find('\n')) + "\x81" + SOUND,
      "there are bytes that are no text in the file's encoding, which is windows-1252"},
+    {"AControlCharacterByNumber", eclipse(cls("A&#1;")), NOT_PERMITTED + " (U+0001)"},
+    {"AControlCharacterInAText", eclipse("<body>\x1B</body>"), NOT_PERMITTED + " (U+001B)"},
+    {"AControlCharacterInAnAttribute", eclipse(cls("A\x02")), NOT_PERMITTED},
+    {"AControlCharacterInASection", eclipse("<body><![CDATA[\x02]]></body>"), NOT_PERMITTED},
+    {"ACharacterThatIsNone", eclipse("<body>\xEF\xBF\xBE</body>"), NOT_PERMITTED + " (U+FFFE)"},
+    {"AZeroByte", eclipse(cls(std::string("A\0", 2))), NOT_PERMITTED},
     {"AnEncodingThatNobodyKnows",
      "<?xml version=\"1.0\" encoding=\"klingon\"?>" + SOUND.substr(SOUND.find('\n')),
      "line 1: the encoding that the file declares, klingon, is not known here"},
