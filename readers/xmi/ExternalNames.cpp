@@ -41,6 +41,14 @@ std::string_view nameInLink(std::string_view link) noexcept {
     return name.empty() ? link : name;
 }
 
+bool canBeName(std::string_view text) noexcept {
+    const bool beginsLikeId = text.empty() || text.front() == '_' || text.front() == '-' ||
+                              (text.front() >= '0' && text.front() <= '9');
+    const std::size_t colon = text.find(':');
+    const bool holdsLoneColon = colon != std::string_view::npos && text.substr(colon, 2) != "::";
+    return !beginsLikeId && !holdsLoneColon && !text.starts_with("EAID_") && !text.starts_with("EAPK_");
+}
+
 bool isWellKnownLibrary(std::string_view link) noexcept {
     return std::any_of(
         std::begin(WELL_KNOWN_LIBRARIES), std::end(WELL_KNOWN_LIBRARIES),

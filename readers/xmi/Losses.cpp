@@ -5,39 +5,15 @@
 #include <map>
 #include <set>
 
+#include "BackReferences.h"
 #include "Wording.h"
 
 namespace readers::xmi {
 
 namespace {
 
-/// What is written for its own sake, or says once more what the other side says.
-constexpr std::string_view REDUNDANT[] = {
-    "annotatedElement",
-    "association",
-    "attributePosition",
-    "behavioralFeature",
-    "class",
-    "classifier",
-    "clientDependency",
-    "drawas",
-    "elementReference",
-    "endType",
-    "extendedElement",
-    "generalization",
-    "label",
-    "memberEnd",
-    "namespace",
-    "owner",
-    "owningAssociation",
-    "relatedElement",
-    "signature",
-    "specialization",
-    "supplierDependency",
-    "toolId",
-    "typedElement",
-    "interfaceRealization",
-};
+/// What is written for its own sake.
+constexpr std::string_view OF_NO_ACCOUNT[] = {"attributePosition", "drawas", "label", "toolId"};
 
 /// Values that every element has unless it says otherwise.
 struct DefaultValue {
@@ -51,9 +27,9 @@ constexpr DefaultValue DEFAULTS[] = {
 };
 
 /// A parameter has no visibility of its own, whatever a tool writes.
-bool isRedundant(Element element, std::string_view name) noexcept {
+bool isOfNoAccount(Element element, std::string_view name) noexcept {
     return (element.is("Parameter"_n) && name == "visibility") ||
-           std::find(std::begin(REDUNDANT), std::end(REDUNDANT), name) != std::end(REDUNDANT);
+           std::find(std::begin(OF_NO_ACCOUNT), std::end(OF_NO_ACCOUNT), name) != std::end(OF_NO_ACCOUNT);
 }
 
 /// Flags that every element has unless it says otherwise; for all other flags that is news.
@@ -72,14 +48,20 @@ std::string kindOfValue(std::string_view name) {
     return isFlag ? toWords(name) + " flags" : toPlural(toWords(name));
 }
 
+void reportValue(const Assembly& assembly, Element element, std::uint32_t at) {
+    const Value& value = assembly.tree.value(at);
+    const std::string_view name = assembly.tree.names.text(value.name);
+    if (reportMissing(assembly, element, at) || value.read || isOfNoAccount(element, name) ||
+        saysNothing(name, value.text) || isRepetition(assembly, element, at)) {
+        return;
+    }
+    const bool isFlag = value.text == "true";
+    assembly.lose(kindOfValue(name), element, isFlag ? std::string() : std::string(value.text));
+}
+
 void reportValues(const Assembly& assembly, Element element) {
     for (std::uint32_t at = element.node().firstValue; at != NO_NODE; at = assembly.tree.value(at).next) {
-        const Value& value = assembly.tree.value(at);
-        const std::string_view name = assembly.tree.names.text(value.name);
-        if (!value.read && !isRedundant(element, name) && !saysNothing(name, value.text)) {
-            const bool isFlag = value.text == "true";
-            assembly.lose(kindOfValue(name), element, isFlag ? std::string() : std::string(value.text));
-        }
+        reportValue(assembly, element, at);
     }
 }
 

@@ -109,6 +109,12 @@ Target References::first(Element element, std::initializer_list<Name> names) con
     return {};
 }
 
+std::vector<Target> References::of(std::uint32_t value) const {
+    std::vector<Target> targets;
+    resolve(tree_.value(value), tree_.labelOf(value), targets);
+    return targets;
+}
+
 void References::resolve(const Value& value, std::string_view label, std::vector<Target>& targets) const {
     const std::string_view text = trim(value.text);
     if (text.empty()) {

@@ -83,6 +83,79 @@ const std::vector<Case> CASES = {
      "repetitions of elements: Logical View.(unnamed dependency) (line 6)\n"},
 };
 
+const std::vector<Case> REFERENCES = {
+    {"OfAnAttributeToItsAssociation", attribute(R"(association="gone")"),
+     "references that lead nowhere: A.x (association gone)\n"},
+    {"OfAnOperationToItsConditions",
+     eclipse(cls("A", R"(<ownedOperation xmi:id="_f" name="f" precondition="gone" bodyCondition="lost"/>)")),
+     "references that lead nowhere: A.f (precondition gone)\n"
+     "references that lead nowhere: A.f (body condition lost)\n"},
+    {"OfAConstraintToSomeOfWhatItIsAbout",
+     eclipse(cls("A") + R"(<ownedRule xmi:id="_r" name="R" constrainedElement="_A gone"/>)"),
+     "references that lead nowhere: R (constrained element gone)\n"},
+    {"OfACommentByALinkIntoAnotherFile", eclipse(cls("A", R"(<ownedComment xmi:id="_k" name="K" body="text">
+        <annotatedElement href="other.uml#_7"/></ownedComment>)")),
+     "references into other files: A.K (annotated element other.uml#_7)\n"},
+    {"OfADefaultToItsLiteral",
+     eclipse(cls(
+         "A", R"(<ownedAttribute xmi:id="_x" name="x"><defaultValue xmi:type="uml:InstanceValue" xmi:id="_d"
+        name="d" instance="gone"/></ownedAttribute>)")),
+     "references that lead nowhere: A.x.d (instance gone)\n"},
+    {"OfAnAssociationToOneOfItsEnds",
+     eclipse(cls("A") +
+             R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2 gone">
+        <ownedEnd xmi:id="_1" type="_A"/><ownedEnd xmi:id="_2" type="_A"/></packagedElement>)"),
+     "references that lead nowhere: J (member end gone)\n"},
+    {"OfAClassOfUml1ToItsCommentsAndConstraints",
+     xmi12(cls12("A", R"(<UML:ModelElement.comment><UML:Comment xmi.idref="gone"/></UML:ModelElement.comment>
+        <UML:ModelElement.constraint><UML:Constraint xmi.idref="lost"/></UML:ModelElement.constraint>)")),
+     "references that lead nowhere: A (comment gone)\nreferences that lead nowhere: A (constraint lost)\n"},
+    {"OfAClassToWhatTheOtherSideWouldSay",
+     xmi12(cls12("A", R"(<UML:ModelElement.clientDependency><UML:Dependency xmi.idref="gone"/>
+        </UML:ModelElement.clientDependency>)",
+                 R"(namespace="lost")")),
+     "references that lead nowhere: A (namespace lost)\n"
+     "references that lead nowhere: A (client dependency gone)\n"},
+    {"ToStereotypes", xmi12(cls12("A", R"(<UML:ModelElement.stereotype><UML:Stereotype xmi.idref="gone"/>
+        <UML:Stereotype href="profile.xmi#_7"/></UML:ModelElement.stereotype>)")),
+     "stereotypes that are not in the file: A (gone)\nstereotypes that are not in the file: A "
+     "(profile.xmi#_7)\n"},
+};
+
+const std::vector<Case> REPETITIONS = {
+    {"OfTheNesting",
+     eclipse(
+         cls("A", R"(<ownedAttribute xmi:id="_x" name="x" class="_A" featuringClassifier="_A"/>
+        <ownedOperation xmi:id="_f" name="f" class="_A"><ownedParameter xmi:id="_p" name="p" operation="_f"/>
+        <ownedRule xmi:id="_r" context="_f"/></ownedOperation>)",
+             R"(owningPackage="_m" package="_m" owner="_m")") +
+         R"(<packagedElement xmi:type="uml:Interface" xmi:id="_i" name="I"><ownedAttribute xmi:id="_y" name="y"
+        interface="_i"/></packagedElement><packagedElement xmi:type="uml:DataType" xmi:id="_d" name="D">
+        <ownedAttribute xmi:id="_z" name="z" datatype="_d"/></packagedElement>
+        <packagedElement xmi:type="uml:Enumeration" xmi:id="_e" name="E"><ownedLiteral xmi:id="_l" name="l"
+        enumeration="_e"/></packagedElement>)"),
+     ""},
+    {"OfTemplateParameters",
+     eclipse(cls("A", R"(<ownedTemplateSignature xmi:id="_s" parameter="_p" template="_A"><ownedParameter
+        xmi:type="uml:ClassifierTemplateParameter" xmi:id="_p" signature="_s" parameteredElement="_T">
+        <ownedParameteredElement xmi:type="uml:Class" xmi:id="_T" name="T" templateParameter="_p"
+        owningTemplateParameter="_p"/></ownedParameter></ownedTemplateSignature>)")),
+     ""},
+    {"OfEnds",
+     eclipse(cls("A") +
+             R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2">
+        <ownedEnd xmi:id="_1" name="a" type="_A" owningAssociation="_j" opposite="_2"><qualifier xmi:id="_q" name="q"
+        associationEnd="_1"/></ownedEnd><ownedEnd xmi:id="_2" name="b" type="_A" opposite="_1"/></packagedElement>)"),
+     ""},
+    {"AreNoneWhereTheyLeadElsewhere",
+     eclipse(cls("A", R"(<ownedAttribute xmi:id="_x" name="x" opposite="_y"/><ownedRule xmi:id="_r" name="R"
+        context="_B"/>)") +
+             cls("B", R"(<ownedAttribute xmi:id="_y" name="y"/>)")),
+     "opposites: A.x (_y)\ncontexts: A.R (_B)\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(References, XmiLosses, testing::ValuesIn(REFERENCES), caseName);
+INSTANTIATE_TEST_SUITE_P(Repetitions, XmiLosses, testing::ValuesIn(REPETITIONS), caseName);
 INSTANTIATE_TEST_SUITE_P(Facts, XmiLosses, testing::ValuesIn(CASES), caseName);
 
 TEST(XmiLossPaths, StayShortHoweverLongTheNamesAre) {
