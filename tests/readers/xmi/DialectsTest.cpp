@@ -158,9 +158,13 @@ type bool SQL_BOOLEAN
 }
 
 TEST(XmiDialect, PlantUmlWritesMultiplicitiesAsNamesOfEnds) {
-    EXPECT_EQ(read(plantUml(cls12("A") + R"(<UML:Association xmi.id="j" name=""><UML:Association.connection>
-        <UML:AssociationEnd xmi.id="1" name="0..*" type="A"/><UML:AssociationEnd xmi.id="2" name="owner 1" type="A"/>
-        </UML:Association.connection></UML:Association>)"))
+    const auto association = [](const std::string& first, const std::string& second) {
+        return R"(<UML:Association name=""><UML:Association.connection><UML:AssociationEnd type="A" name=")" +
+               first + R"("/><UML:AssociationEnd type="A" name=")" + second +
+               R"("/></UML:Association.connection></UML:Association>)";
+    };
+    EXPECT_EQ(read(plantUml(cls12("A") + association("0..*", "owner 1") + association("n", "0..N") +
+                            association("2,4", "no")))
                   .outline(),
               R"(
 model PlantUML
@@ -169,6 +173,12 @@ model PlantUML
     association
       role : A 0..*
       role owner 1 : A
+    association
+      role : A *
+      role : A 0..*
+    association
+      role : A 2,4
+      role no : A
 )"_lines);
 }
 

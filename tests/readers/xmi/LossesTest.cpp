@@ -25,6 +25,14 @@ const std::vector<Case> CASES = {
      attribute(R"(isReadOnly="false" isUnique="true" visibility="public" aggregation="none")"), ""},
     {"MultiplicitiesOfAttributes", attribute(R"(lower="0" upper="*")"),
      "multiplicities of attributes: A.x (0..*)\n"},
+    {"MultiplicitiesThatCannotBeRead", attribute(R"(lower="0" upper="MAX")"),
+     "multiplicities that cannot be read: A.x (0..MAX)\n"},
+    {"MultiplicitiesOfEndsThatCannotBeRead",
+     xmi12(cls12("A") + R"(<UML:Association xmi.id="j" name="J"><UML:Association.connection>
+        <UML:AssociationEnd xmi.id="1" name="a" type="A" multiplicity="several"/><UML:AssociationEnd xmi.id="2" type="A"
+        multiplicity="1.."/></UML:Association.connection></UML:Association>)"),
+     "multiplicities that cannot be read: J.a (several)\n"
+     "multiplicities that cannot be read: J.(unnamed association end) (1..)\n"},
     {"AttributesThatNobodyKnows", attribute(R"(colour="blue")"), "colours: A.x (blue)\n"},
     {"ElementsThatTheModelHasNoPlaceFor",
      eclipse(cls("A") + R"(<packagedElement xmi:type="uml:UseCase" xmi:id="_u" name="Order">

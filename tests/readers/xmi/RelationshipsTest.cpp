@@ -104,6 +104,12 @@ const std::vector<Case> ASSOCIATIONS = {
         <UML:MultiplicityRange xmi.id="r1" lower="1" upper="1"/><UML:MultiplicityRange xmi.id="r2" lower="4" upper="-1"/>
         </UML:Multiplicity.range></UML:Multiplicity></UML:AssociationEnd.multiplicity>)")),
      expected("    association s\n      role : A 1,4..*\n      role : B 0..*\n")},
+    {"NoUpperBoundAsALetter",
+     twoClasses12(association12(R"(type="A" multiplicity="0..n")", R"(type="B" multiplicity="1, 3 .. N")")),
+     expected("    association s\n      role : A 0..*\n      role : B 1,3..*\n")},
+    {"NoBoundAsALetter",
+     twoClasses12(association12(R"(type="A" multiplicity="n")", R"(type="B" multiplicity="n..m")")),
+     expected("    association s\n      role : A *\n      role : B *\n")},
     {"AMultiplicityThatTwoEndsShare",
      twoClasses12(R"(<UML:Association xmi.id="s" name="s"><UML:Association.connection>
         <UML:AssociationEnd xmi.id="e1" type="A"><UML:AssociationEnd.multiplicity><UML:Multiplicity xmi.id="m1">
