@@ -252,7 +252,8 @@ TEST(XmiOutsideTypes, OfEnterpriseArchitectMayBeDeclaredInTheExtension) {
     const Result result = read(enterpriseArchitect(
         cls("A", R"(<ownedAttribute xmi:id="_1" name="a"><type xmi:idref="EAJava_int"/></ownedAttribute>)"),
         R"(<primitivetypes><packagedElement xmi:type="uml:Package" xmi:id="P" name="EA_PrimitiveTypes_Package">
-        <packagedElement xmi:type="uml:PrimitiveType" xmi:id="EAJava_int" name="int"/></packagedElement>
+        <packagedElement xmi:type="uml:Package" xmi:id="J" name="EA_Java_Types_Package"><packagedElement
+        xmi:type="uml:PrimitiveType" xmi:id="EAJava_int" name="int"/></packagedElement></packagedElement>
         </primitivetypes>)"));
     EXPECT_EQ(result.outline(), R"(
 model m
