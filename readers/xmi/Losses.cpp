@@ -1,6 +1,7 @@
 #include "Losses.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <map>
 #include <set>
@@ -42,6 +43,29 @@ bool saysNothing(std::string_view name, std::string_view text) noexcept {
                        [&](const DefaultValue& row) { return row.name == name && row.value == text; });
 }
 
+/// Properties of which the reader knows every word; what it takes for another word is not what the file says.
+struct Words {
+    Name name;
+    std::array<std::string_view, 5> known;
+};
+constexpr Words WORDS[] = {
+    {"aggregation"_n, {"none", "shared", "composite", "aggregate"}},
+    {"concurrency"_n, {"sequential", "guarded", "concurrent"}},
+    {"direction"_n, {"in", "out", "inout", "return"}},
+    {"kind"_n, {"in", "out", "inout", "return"}},
+    {"ordering"_n, {"ordered", "unordered"}},
+    {"ownerScope"_n, {"instance", "classifier"}},
+    {"visibility"_n, {"public", "protected", "private", "package", "implementation"}},
+};
+
+/// Whether the value was read as one of a few words and is none of them.
+bool isUnknownWord(const Value& value) noexcept {
+    const auto* const row = std::find_if(std::begin(WORDS), std::end(WORDS),
+                                         [&](const Words& words) { return words.name == value.name; });
+    return row != std::end(WORDS) && value.read && !value.text.empty() &&
+           std::find(row->known.begin(), row->known.end(), value.text) == row->known.end();
+}
+
 /// What a lost attribute counts as: "leaf flags" for isLeaf, "discriminators".
 std::string kindOfValue(std::string_view name) {
     const bool isFlag = name.size() > 2 && name.starts_with("is") && name[2] >= 'A' && name[2] <= 'Z';
@@ -51,8 +75,11 @@ std::string kindOfValue(std::string_view name) {
 void reportValue(const Assembly& assembly, Element element, std::uint32_t at) {
     const Value& value = assembly.tree.value(at);
     const std::string_view name = assembly.tree.names.text(value.name);
-    if (reportMissing(assembly, element, at) || value.read || isOfNoAccount(element, name) ||
-        saysNothing(name, value.text) || isRepetition(assembly, element, at)) {
+    const bool isObject = assembly.objects[element.index()] != nullptr;
+    const bool isLost =
+        (isObject && isUnknownWord(value)) ||
+        (!value.read && !saysNothing(name, value.text) && !isRepetition(assembly, element, at));
+    if (reportMissing(assembly, element, at) || !isLost || isOfNoAccount(element, name)) {
         return;
     }
     const bool isFlag = value.text == "true";

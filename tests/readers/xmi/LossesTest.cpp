@@ -33,6 +33,20 @@ const std::vector<Case> CASES = {
         multiplicity="1.."/></UML:Association.connection></UML:Association>)"),
      "multiplicities that cannot be read: J.a (several)\n"
      "multiplicities that cannot be read: J.(unnamed association end) (1..)\n"},
+    {"WordsThatNobodyKnows",
+     eclipse(cls("A", R"(<ownedAttribute xmi:id="_x" name="x" visibility="friend"/>
+        <ownedOperation xmi:id="_f" name="f" concurrency="lazy"><ownedParameter xmi:id="_p" name="p" direction="through"/>
+        </ownedOperation>)") +
+             R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2">
+        <ownedEnd xmi:id="_1" name="a" type="_A" aggregation="loose"/><ownedEnd xmi:id="_2" type="_A"/></packagedElement>)"),
+     "visibilities: A.x (friend)\nconcurrencies: A.f (lazy)\ndirections: A.f.p (through)\n"
+     "aggregations: J.a (loose)\n"},
+    {"WordsOfUml1ThatNobodyKnows",
+     xmi12(cls12("A", R"(<UML:Classifier.feature><UML:Attribute xmi.id="x" name="x" ownerScope="world"/>
+        <UML:Operation xmi.id="f" name="f"><UML:BehavioralFeature.parameter><UML:Parameter xmi.id="p" name="p"
+        kind="through" visibility="friend"/></UML:BehavioralFeature.parameter></UML:Operation></UML:Classifier.feature>)",
+                 R"(visibility="implementation")")),
+     "owner scopes: A.x (world)\nkinds: A.f.p (through)\n"},
     {"AttributesThatNobodyKnows", attribute(R"(colour="blue")"), "colours: A.x (blue)\n"},
     {"ElementsThatTheModelHasNoPlaceFor",
      eclipse(cls("A") + R"(<packagedElement xmi:type="uml:UseCase" xmi:id="_u" name="Order">
