@@ -32,7 +32,7 @@ const std::vector<Case> CASES = {
         <UML:AssociationEnd xmi.id="1" name="a" type="A" multiplicity="several"/><UML:AssociationEnd xmi.id="2" type="A"
         multiplicity="1.."/></UML:Association.connection></UML:Association>)"),
      "multiplicities that cannot be read: J.a (several)\n"
-     "multiplicities that cannot be read: J.(unnamed association end) (1..)\n"},
+     "multiplicities that cannot be read: J.(unnamed association end in line 4) (1..)\n"},
     {"WordsThatNobodyKnows",
      eclipse(cls("A", R"(<ownedAttribute xmi:id="_x" name="x" visibility="friend"/>
         <ownedOperation xmi:id="_f" name="f" concurrency="lazy"><ownedParameter xmi:id="_p" name="p" direction="through"/>
@@ -58,16 +58,33 @@ const std::vector<Case> CASES = {
     {"RelationshipsThatAreNotBetweenClasses",
      eclipse(cls("A") + R"(<packagedElement xmi:type="uml:Actor" xmi:id="_k" name="Clerk"/>
         <packagedElement xmi:type="uml:Dependency" xmi:id="_d" name="D" client="_A" supplier="_k"/>)"),
-     "dependencies not between classes: D (Clerk is an actor)\nactors: Clerk\n"},
+     "dependencies not between classes: D (Clerk is an actor; the other end is A)\nactors: Clerk\n"},
     {"ParentsInOtherFiles",
      eclipse(cls("A", R"(<generalization xmi:id="_g"><general href="other.uml#_B"/></generalization>)")),
-     "generalizations not between classes: A.(unnamed generalization) (_B (other.uml#_B) is not in the "
-     "file)\n"},
+     "generalizations not between classes: A.(unnamed generalization in line 3) (_B (other.uml#_B) is not in "
+     "the "
+     "file; the other end is A)\n"},
     {"AssociationsWithAnEndInAnotherFile",
      eclipse(cls("A") + R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2">
         <ownedEnd xmi:id="_1" type="_A"/><ownedEnd xmi:id="_2"><type href="other.uml#Part"/></ownedEnd>
         </packagedElement>)"),
-     "associations not between classes: J (Part (other.uml#Part) is not in the file)\n"},
+     "associations not between classes: J (Part (other.uml#Part) is not in the file; the other end is A)\n"},
+    {"AssociationsOfThreeThatAreNotAllClasses",
+     eclipse(cls("A") + cls("B") + R"(<packagedElement xmi:type="uml:Actor" xmi:id="_k" name="Clerk"/>
+        <packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2 _3">
+        <ownedEnd xmi:id="_1" type="_A"/><ownedEnd xmi:id="_2" type="_k"/><ownedEnd xmi:id="_3" type="_B"/>
+        </packagedElement>)"),
+     "associations not between classes: J (Clerk is an actor; the other ends are A, B)\nactors: Clerk\n"},
+    {"DependenciesOnUnnamedRelationships",
+     xmi12(
+         cls12("A") + cls12("B") + cls12("C") + "\n" +
+         R"(<UML:Generalization xmi.id="g" child="A" parent="B"/><UML:Dependency xmi.id="d" client="C" supplier="g"/>)"),
+     "dependencies not between classes: (unnamed dependency in line 3) ((unnamed generalization in line 3) "
+     "from A to B "
+     "is a generalization; the other end is C)\n"},
+    {"GeneralizationsOfAClassFromATypeInAnotherFile",
+     xmi12(cls12("A") + R"(<UML:Generalization xmi.id="g" name="G" child="A" parent="gone"/>)"),
+     "generalizations not between classes: G (gone is not in the file; the other end is A)\n"},
     {"AggregationsOfThreeClasses",
      eclipse(cls("A") +
              R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2 _3">
@@ -93,7 +110,7 @@ const std::vector<Case> CASES = {
      xmi12(cls12("A", R"(<XMI.extension xmi.extender="tool"><shade value="2"/></XMI.extension>)")),
      "extensions of tools: tool\n"},
     {"ElementsOfOtherVocabularies", eclipse(cls("A"), R"(<n:note xmlns:n="http://notes">text</n:note>)"),
-     "elements of other vocabularies: (unnamed note)\n"},
+     "elements of other vocabularies: (unnamed note in line 3)\n"},
     {"PartsInOtherFiles",
      xmi12(R"(<UML:Package href="profile.xmi|_8"><XMI.extension xmi.extender="MagicDraw UML 9.5">
         <referentPath xmi.value="profile"/></XMI.extension></UML:Package>)" +
@@ -102,7 +119,7 @@ const std::vector<Case> CASES = {
     {"AnElementThatIsWrittenTwice",
      umbrello(cls12("A") + cls12("B") + R"(<UML:Dependency xmi.id="d" namespace="m1" client="A" supplier="B"/>
         <UML:Dependency xmi.id="d" namespace="Logical View" client="A" supplier="B"/>)"),
-     "repetitions of elements: Logical View.(unnamed dependency) (line 6)\n"},
+     "repetitions of elements: Logical View.(unnamed dependency in line 6) (the first one is in line 5)\n"},
 };
 
 const std::vector<Case> REFERENCES = {

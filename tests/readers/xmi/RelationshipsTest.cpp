@@ -228,7 +228,8 @@ model m
       attribute address : _gone
 type _gone _gone
 )"_lines);
-    EXPECT_EQ(result.lossLines(), "associations not between classes: lives (_gone is not in the file)\n");
+    EXPECT_EQ(result.lossLines(),
+              "associations not between classes: lives (_gone is not in the file; the other end is A)\n");
 }
 
 }  // namespace
