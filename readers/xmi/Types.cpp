@@ -143,8 +143,13 @@ ZORType* Types::ofTarget(const Target& target, Element typed) {
     const bool isNew = !standIns_.contains(name);
     ZORType* type = standIn(name);
     if (isNew && !isWellKnownLibrary(target.text) && !isWellKnownLibrary(target.label)) {
-        assembly_.context.warn(typed.path(), "its type is not in the file (" + std::string(target.text) +
-                                                 "); a data type \"" + name + "\" stands for it");
+        const std::string where(target.text);
+        const bool isNameless =
+            target.form == Form::HREF && name == nameInLink(target.text) && !canBeName(name);
+        assembly_.context.warn(typed.path(),
+                               (isNameless ? "its type and the type's name are in another file ("
+                                           : "its type is not in the file (") +
+                                   where + "); a data type \"" + name + "\" stands for it");
     }
     return type;
 }

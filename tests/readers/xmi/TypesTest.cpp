@@ -211,6 +211,45 @@ TEST(XmiOutsideTypes, OfWellKnownLibrariesNeedNoWarning) {
     EXPECT_EQ(result.warningLines(), "");
 }
 
+TEST(XmiOutsideTypes, ThatOnlyAnIdTellsOfKeepItWithAWarning) {
+    const Result result = read(omg(
+        cls("A", R"(<ownedAttribute xmi:id="_1" name="a"><type href="other.uml#_x7:1"/></ownedAttribute>)")));
+    EXPECT_EQ(result.outline(), R"(
+model m
+  package m
+    class A
+      attribute a : _x7:1
+type _x7:1 _x7:1
+)"_lines);
+    EXPECT_EQ(
+        result.warningLines(),
+        "A.a: its type and the type's name are in another file (other.uml#_x7:1); a data type \"_x7:1\" "
+        "stands for it\n");
+}
+
+TEST(XmiOutsideTypes, OfArgoUmlsOwnProfileAreKnownByTheirIds) {
+    const std::string profile =
+        "http://argouml.org/profiles/uml14/default-uml14.xmi"
+        "#-84-17--56-5-43645a83:11466542d86:-8000:000000000000087";
+    const auto attribute = [&](const std::string& name, const std::string& digit) {
+        return "<UML:Attribute xmi.id=\"" + name + "\" name=\"" + name +
+               "\"><UML:StructuralFeature.type><UML:DataType href=\"" + profile + digit +
+               "\"/></UML:StructuralFeature.type></UML:Attribute>";
+    };
+    const Result result = read(xmi12(cls12("A", "<UML:Classifier.feature>" + attribute("n", "C") +
+                                                    attribute("s", "E") + "</UML:Classifier.feature>")));
+    EXPECT_EQ(result.outline(), R"(
+model m
+  package m
+    class A
+      attribute n : Integer
+      attribute s : String
+type Integer SQL_INTEGER
+type String SQL_VARCHAR
+)"_lines);
+    EXPECT_EQ(result.warningLines(), "");
+}
+
 TEST(XmiOutsideTypes, AreCalledWhatTheToolCallsThem) {
     const Result result = read(xmi12(
         cls12("A", R"(<UML:Classifier.feature><UML:Attribute xmi.id="x" name="x"><UML:StructuralFeature.type>
