@@ -25,6 +25,20 @@ bool isOneOf(const int (&codes)[N], int code) noexcept {
     return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
+/// Whether a tag, text or comment may be very long: no "<" stands inside most of them. The parser looks at
+/// such a thing again with every small portion that it gets, and refuses it when it exceeds 10 MB.
+bool holdsLongSection(std::string_view content) noexcept {
+    constexpr std::size_t LONG_SECTION = std::size_t{256} << 10;
+    for (std::size_t at = content.find('<'); at != std::string_view::npos;) {
+        const std::size_t next = content.find('<', at + 1);
+        if (std::min(next, content.size()) - at > LONG_SECTION) {
+            return true;
+        }
+        at = next;
+    }
+    return false;
+}
+
 /// Whether the last thing in the file is no end of an element.
 bool endsInTheMiddle(std::string_view content) noexcept {
     const std::size_t last = content.find_last_not_of(std::string_view(" \t\r\n\0", 5));
@@ -97,12 +111,25 @@ XmlStream::XmlStream(std::string_view content) : content_(content), strayFaults_
         throw SourceError(SourceError::Kind::CANNOT_READ, "is larger than 2 GiB");
     }
     constexpr int OPTIONS = XML_PARSE_NONET | XML_PARSE_NOBLANKS | XML_PARSE_NOCDATA | XML_PARSE_COMPACT;
-    reader_.reset(
-        xmlReaderForMemory(content.data(), static_cast<int>(content.size()), nullptr, nullptr, OPTIONS));
+    const int size = static_cast<int>(content.size());
+    if (holdsLongSection(content) && isSafeFromGrowth(content)) {
+        // "Huge" lifts the parser's own bounds: those on entities, on the length of a text, and on nesting,
+        // which has a bound here.
+        whole_.reset(xmlReadMemory(content.data(), size, nullptr, nullptr,
+                                   OPTIONS | XML_PARSE_HUGE | XML_PARSE_BIG_LINES));
+        if (whole_ == nullptr || fault_.code != 0) {
+            throwFault();
+        }
+        reader_.reset(xmlReaderWalker(whole_.get()));
+    } else {
+        reader_.reset(xmlReaderForMemory(content.data(), size, nullptr, nullptr, OPTIONS));
+    }
     if (reader_ == nullptr) {
         throw std::bad_alloc();
     }
-    xmlTextReaderSetStructuredErrorHandler(reader_.get(), noteFault, &fault_);
+    if (whole_ == nullptr) {
+        xmlTextReaderSetStructuredErrorHandler(reader_.get(), noteFault, &fault_);
+    }
 }
 
 void XmlStream::noteFault(void* data, xmlErrorPtr error) noexcept {
@@ -178,6 +205,12 @@ void XmlStream::throwFault() const {
     constexpr auto CANNOT_READ = SourceError::Kind::CANNOT_READ;
     if (fault_.code == XML_ERR_NO_MEMORY) {
         throw std::bad_alloc();
+    }
+    const bool gaveUp = fault_.code == 0 || fault_.code == XML_ERR_INTERNAL_ERROR;
+    if (gaveUp && holdsLongSection(content_) && !isSafeFromGrowth(content_)) {
+        throw SourceError(CANNOT_READ,
+                          inLine(fault_.line, "a text, an attribute or a comment is longer than 10 MB"),
+                          "save the file as UTF-8, where it may be longer");
     }
     if (fault_.text.starts_with("Excessive depth")) {
         throwTooDeep(fault_.line);

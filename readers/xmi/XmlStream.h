@@ -33,6 +33,9 @@ class XmlStream {
     struct ReaderCloser {
         void operator()(xmlTextReader* reader) const noexcept { xmlFreeTextReader(reader); }
     };
+    struct DocumentCloser {
+        void operator()(xmlDoc* document) const noexcept { xmlFreeDoc(document); }
+    };
     /// The first fault that the parser told of.
     struct Fault {
         int code = 0;
@@ -66,6 +69,7 @@ class XmlStream {
     std::string_view content_;
     Fault fault_;
     StrayFaults strayFaults_;
+    std::unique_ptr<xmlDoc, DocumentCloser> whole_;  ///< the file, where it is not read piece by piece
     std::unique_ptr<xmlTextReader, ReaderCloser> reader_;
     xmlNode* node_ = nullptr;
     bool endIsDue_ = false;  ///< an element without content has had its start

@@ -57,6 +57,15 @@ std::string withDocumentType(const std::string& type) {
 }
 
 const std::string NOT_PERMITTED = "line 3: there is a character that XML does not permit";
+/// The text, all of it ASCII, with its encoding declared in its marks.
+std::string inUtf16(const std::string& text) {
+    std::string wide = "\xFF\xFE";
+    for (const char character : text.substr(text.find('\n') + 1)) {
+        wide += {character, '\0'};
+    }
+    return wide;
+}
+
 constexpr auto SURPLUS = ": there is something behind the end of the outermost element";
 constexpr auto CUT_OFF = ": the file ends in the middle of an element";
 
@@ -103,6 +112,15 @@ const std::vector<Case> TEXTS = {
     {"ElementsNestedTooDeep",
      eclipse(repeat("<packagedElement xmi:type=\"uml:Package\">", 300) + repeat("</packagedElement>", 300)),
      "line 3: elements are nested deeper than 250 levels, the most permitted"},
+    {"ElementsNestedFarTooDeepBehindALongComment",
+     "<a><!--" + std::string(1000000, 'x') + "-->" + repeat("<a>", 100000) + repeat("</a>", 100001),
+     "line 1: elements are nested deeper than 250 levels, the most permitted"},
+    {"TagsThatDoNotMatchBehindALongComment",
+     eclipse("<!--" + std::string(1000000, 'x') + "-->\n<packagedElement></ownedElement>"),
+     "line 4: this is not well-formed XML: Opening and ending tag mismatch: packagedElement line 4 and "
+     "ownedElement"},
+    {"ATextThatIsTooLongForItsEncoding", inUtf16(eclipse("<body>" + std::string(11000000, 'x') + "</body>")),
+     "a text, an attribute or a comment is longer than 10 MB"},
     {"ElementsNestedFarTooDeep", repeat("<a>", 100000),
      "line 1: elements are nested deeper than 250 levels, the most permitted"},
 };
@@ -178,6 +196,35 @@ TEST(XmiCutOff, WhereverItIsGivesASentence) {
         R"(<UML:Generalization xmi.id="g" child="A" parent="B"/>)" + cls12("B"));
     for (std::size_t length = 0; length < file.size(); ++length) {
         EXPECT_NE(refusal(file.substr(0, length)), "") << "cut off behind " << file.substr(0, length);
+    }
+}
+
+/// Behind a long prolog the parser sees a document type first; its entities must not grow then.
+TEST(XmiDocumentType, IsRefusedBeforeItsEntitiesGrow) {
+    std::string type = "<!DOCTYPE x [<!ENTITY a0 \"aaaaaaaaaaaaaaaaaaaa\">";
+    for (char i = '1'; i <= '9'; ++i) {
+        const std::string inner = std::string("&a") + static_cast<char>(i - 1) + ";";
+        type += std::string("<!ENTITY a") + i + " \"" + repeat(inner, 10) + "\">";
+    }
+    type += "<!ATTLIST packagedElement z CDATA \"&a9;\">]>";
+    EXPECT_NE(refusal("<!--" + std::string(2000000, 'x') + "-->" + withDocumentType(type)), "");
+}
+
+/// Long texts take another way through the parser, to the same end.
+TEST(XmiLongSections, AreRead) {
+    const std::string longText = repeat("long > short &lt;", 700000);
+    const std::string comment = "<!--" + longText + "-->";
+    const std::string attribute = R"(<ownedAttribute xmi:id="_x" name="x" type="_A"></ownedAttribute>)";
+    const std::string sound =
+        cls("A", attribute + "<ownedComment xmi:id=\"_k\"><body>text</body></ownedComment>");
+    EXPECT_EQ(read(eclipse(comment + sound)).outline(), read(eclipse(sound)).outline());
+    const std::string expected = repeat("long > short <", 700000);
+    for (const std::string& file :
+         {eclipse(cls("A", "<ownedComment><body>" + longText + "</body></ownedComment>")),
+          eclipse(cls("A", "<ownedComment body=\"" + longText + "\"/>"))}) {
+        const Result result = read(file);
+        const auto* package = static_cast<const ZORDesignPackage*>(result.model->getChildPackages()[0]);
+        EXPECT_EQ(package->getModelElements()[0]->getNotes()[0]->getDescription().view(), expected);
     }
 }
 
