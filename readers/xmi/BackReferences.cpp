@@ -20,11 +20,11 @@ enum class Says : std::uint8_t {
     TOLD        ///< something that is told of elsewhere when it leads nowhere
 };
 
-struct Row {
+struct Property {
     Name name;
     Says says;
 };
-constexpr Row ROWS[] = {
+constexpr Property KNOWN_PROPERTIES[] = {
     {"abstraction"_n, Says::TOLD},
     {"annotatedElement"_n, Says::SAME},
     {"association"_n, Says::SAME},
@@ -93,7 +93,7 @@ using SaysOfNames = std::array<Says, std::size(KNOWN_NAMES)>;
 
 constexpr SaysOfNames makeIndex() {
     SaysOfNames index{};
-    for (const Row& row : ROWS) {
+    for (const Property& row : KNOWN_PROPERTIES) {
         index[row.name] = row.says;
     }
     return index;

@@ -57,7 +57,7 @@ std::string inLine(int line, std::string text) {
 }
 
 /// As in " (U+0001)".
-std::string describe(int character) {
+std::string codePoint(int character) {
     constexpr std::string_view DIGITS = "0123456789ABCDEF";
     std::string number;
     for (int rest = character; rest > 0 || number.size() < 4; rest /= 16) {
@@ -231,7 +231,7 @@ void XmlStream::throwFault() const {
     if (fault_.code == XML_ERR_INVALID_CHAR) {
         throw SourceError(CANNOT_READ,
                           inLine(fault_.line, "there is a character that XML does not permit" +
-                                                  (fault_.character > 0 ? describe(fault_.character) : "")),
+                                                  (fault_.character > 0 ? codePoint(fault_.character) : "")),
                           "take it out; most often it is a control character that came with a pasted text");
     }
     if (fault_.isBehindRoot) {
