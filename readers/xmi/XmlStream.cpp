@@ -190,9 +190,12 @@ XmlStream::Event XmlStream::next() {
 
 std::uint32_t XmlStream::line() const noexcept {
     constexpr int FIRST_UNKNOWN = 65535;  // where the parser's counter for nodes ends
-    const int line = static_cast<int>(xmlGetLineNo(node_));
-    const int near = xmlTextReaderGetParserLineNumber(reader_.get());
-    return static_cast<std::uint32_t>(std::max(0, line > 0 && line < FIRST_UNKNOWN ? line : near));
+    if (node_->line < FIRST_UNKNOWN) {
+        return node_->line;
+    }
+    const int near = whole_ == nullptr ? xmlTextReaderGetParserLineNumber(reader_.get())
+                                       : static_cast<int>(xmlGetLineNo(node_));
+    return static_cast<std::uint32_t>(std::max(FIRST_UNKNOWN, near));
 }
 
 /// The parser has one number for characters that XML does not have and bytes that are none.

@@ -26,7 +26,8 @@ class XmlStream {
     Event next();
     /// The element or text that the last event was about; valid until the next one.
     const xmlNode& node() const noexcept { return *node_; }
-    /// Where it stands. Exact up to line 65,534, near from there on.
+    /// Where it stands. Exact up to line 65,534, from there on near; in files with very long texts at least
+    /// 65,535.
     std::uint32_t line() const noexcept;
 
   private:

@@ -228,6 +228,12 @@ TEST(XmiLongSections, AreRead) {
     }
 }
 
+TEST(XmiLongSections, LeaveFarLinesKnownAsFarAsTheParserCounts) {
+    const std::string file = eclipse("<!--" + std::string(1000000, 'x') + "-->" + std::string(100000, '\n') +
+                                     "<packagedElement xmi:type=\"uml:UseCase\"/>\n");
+    EXPECT_EQ(read(file).lossLines(), "use cases: (unnamed use case in line 65535)\n");
+}
+
 /// A file without classes is sound; why there are none is told.
 TEST(XmiEmptiness, IsExplained) {
     const std::vector<std::pair<std::string, std::string>> rows = {
