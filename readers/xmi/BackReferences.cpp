@@ -53,7 +53,6 @@ constexpr Property KNOWN_PROPERTIES[] = {
     {"interfaceRealization"_n, Says::SAME},
     {"memberEnd"_n, Says::SAME},
     {"modelElement"_n, Says::SOMETHING},
-    {"multiplicity"_n, Says::TOLD},
     {"namespace"_n, Says::SAME},
     {"navigableOwnedEnd"_n, Says::SOMETHING},
     {"nestingPackage"_n, Says::NESTING},

@@ -124,8 +124,12 @@ std::string multiplicityText(const Assembly& assembly, Element element) {
                    ? rangeText(std::string(inPlace.text("lower"_n)), std::string(inPlace.text("upper"_n)))
                    : rangesText(inPlace);
     }
-    if (const Target shared = assembly.references.first(element, "multiplicity"_n); shared.isFound()) {
+    const Target shared = assembly.references.first(element, "multiplicity"_n);
+    if (shared.isFound() && assembly.tree.at(shared.node).is("Multiplicity"_n)) {
         return rangesText(assembly.tree.at(shared.node));
+    }
+    if (shared.exists() && shared.form != Form::TEXT) {
+        return {};
     }
     const std::string_view plain = element.text("multiplicity"_n);
     return plain.empty() ? boundsText(assembly, element) : plainText(plain);

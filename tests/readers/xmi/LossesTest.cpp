@@ -140,6 +140,11 @@ const std::vector<Case> REFERENCES = {
          "A", R"(<ownedAttribute xmi:id="_x" name="x"><defaultValue xmi:type="uml:InstanceValue" xmi:id="_d"
         name="d" instance="gone"/></ownedAttribute>)")),
      "references that lead nowhere: A.x.d (instance gone)\n"},
+    {"OfAnAttributeToItsMultiplicity",
+     xmi12(cls12("A", R"(<UML:Classifier.feature><UML:Attribute xmi.id="x" name="x">
+        <UML:StructuralFeature.multiplicity><UML:Multiplicity xmi.idref="7"/></UML:StructuralFeature.multiplicity>
+        </UML:Attribute></UML:Classifier.feature>)")),
+     "references that lead nowhere: A.x (multiplicity 7)\n"},
     {"OfAnAssociationToOneOfItsEnds",
      eclipse(cls("A") +
              R"(<packagedElement xmi:type="uml:Association" xmi:id="_j" name="J" memberEnd="_1 _2 gone">

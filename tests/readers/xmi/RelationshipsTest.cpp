@@ -118,6 +118,18 @@ const std::vector<Case> ASSOCIATIONS = {
         <UML:AssociationEnd xmi.id="e2" type="B"><UML:AssociationEnd.multiplicity><UML:Multiplicity xmi.idref="m1"/>
           </UML:AssociationEnd.multiplicity></UML:AssociationEnd></UML:Association.connection></UML:Association>)"),
      expected("    association s\n      role : A 0..1\n      role : B 0..1\n")},
+    {"AMultiplicityThatReadsLikeAnId",
+     xmi12(cls12("A") + R"(<UML:Association xmi.id="s" name="s"><UML:Association.connection>
+        <UML:AssociationEnd xmi.id="1" type="A" multiplicity="1"/><UML:AssociationEnd xmi.id="2" type="A"
+        multiplicity="2"/></UML:Association.connection></UML:Association>)"),
+     R"(
+model m
+  package m
+    class A
+    association s
+      role : A 1
+      role : A 2
+)"_lines},
     {"QualifiersOfUml2",
      twoClasses(R"(<packagedElement xmi:type="uml:Association" xmi:id="_s" name="s" memberEnd="_e1 _e2">
         <ownedEnd xmi:id="_e1" type="_A"><qualifier xmi:id="_q" name="key" type="_B"/></ownedEnd>
