@@ -88,8 +88,7 @@ std::string describeCycle(const Tree& tree, const std::vector<NodeIndex>& cycle)
     constexpr std::size_t MOST_NAMES = 8;
     std::string text;
     for (std::size_t i = 0; i < cycle.size() && i < MOST_NAMES; ++i) {
-        text.append(tree.pathOf(cycle[i])).append(" (line ");
-        text.append(std::to_string(tree.node(cycle[i]).line)).append(") -> ");
+        text.append(tree.placeOf(cycle[i])).append(" -> ");
     }
     return text + (cycle.size() > MOST_NAMES ? "... -> " : "") + tree.pathOf(cycle.front());
 }

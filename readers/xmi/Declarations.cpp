@@ -39,6 +39,49 @@ void splitWords(std::string_view text, std::string& type, std::string& name) {
     type = isOneWord ? std::string_view() : trim(text.substr(0, blank));
 }
 
+/// The operator that calls an object has a name with brackets in it.
+constexpr std::string_view CALL_OPERATOR = "operator()";
+
+bool endsWithCallOperator(std::string_view text) noexcept {
+    const std::size_t before = text.size() - CALL_OPERATOR.size();
+    return text.ends_with(CALL_OPERATOR) &&
+           (before == 0 || BLANKS.find(text[before - 1]) != std::string_view::npos);
+}
+
+/// Where the bracket of the parameters stands; npos when there are none.
+std::size_t findParameters(std::string_view text) noexcept {
+    const std::size_t open = text.find('(');
+    const bool isName = open != std::string_view::npos && endsWithCallOperator(text.substr(0, open + 2));
+    return isName ? text.find('(', open + 2) : open;
+}
+
+/// What stands in front of the parameters.
+void splitHead(std::string_view head, DeclaredOperation& operation) {
+    const bool isCall = endsWithCallOperator(head);
+    splitWords(isCall ? head.substr(0, head.size() - 2) : head, operation.result, operation.name);
+    operation.name += isCall ? "()" : "";
+}
+
+/// Where what a language adds to a result begins: "{query}", "throws X"; npos when nothing does.
+std::size_t findAddition(std::string_view result) noexcept {
+    const std::size_t throws = result.find(" throws ");
+    return std::min(findOutside(result, '{', 1), throws);
+}
+
+/// What stands behind them: ": result", and what a diagram or a language adds on either side of it.
+void splitEnd(std::string_view end, DeclaredOperation& operation) {
+    const std::size_t colon = findOutside(end, ':');
+    operation.rest = trim(end.substr(0, colon));
+    if (colon == std::string_view::npos) {
+        return;
+    }
+    const std::string_view result = trim(end.substr(colon + 1));
+    const std::size_t addition = std::min(findAddition(result), result.size());
+    operation.result = trim(result.substr(0, addition));
+    const std::string_view added = trim(result.substr(addition));
+    operation.rest.append(operation.rest.empty() || added.empty() ? "" : " ").append(added);
+}
+
 }  // namespace
 
 DeclaredFeature parseFeature(std::string_view text) {
@@ -59,23 +102,21 @@ DeclaredFeature parseFeature(std::string_view text) {
 DeclaredOperation parseOperation(std::string_view text) {
     DeclaredOperation operation;
     text = trim(text);
-    const std::size_t open = text.find('(');
-    const std::size_t close = open == std::string_view::npos ? open : findOutside(text, ')', open + 1);
-    if (open != std::string_view::npos && close == std::string_view::npos) {
-        operation.name = text;  // no declaration after all
-        return operation;
-    }
-    if (close == std::string_view::npos) {
+    const std::string_view head = text.substr(0, findParameters(text));
+    if (head.size() == text.size()) {
         const DeclaredFeature plain = parseFeature(text);
         operation.name = plain.name;
         operation.result = plain.type;
         return operation;
     }
-    splitWords(trim(text.substr(0, open)), operation.result, operation.name);
-    const std::string_view after = trim(text.substr(close + 1));
-    if (after.starts_with(':')) {
-        operation.result = trim(after.substr(1));
+    const std::size_t open = head.size();
+    const std::size_t close = findOutside(text, ')', open + 1);
+    if (close == std::string_view::npos) {
+        operation.name = text;  // no declaration after all
+        return operation;
     }
+    splitHead(trim(head), operation);
+    splitEnd(trim(text.substr(close + 1)), operation);
     std::string_view rest = text.substr(open + 1, close - open - 1);
     while (!trim(rest).empty()) {
         const std::size_t comma = findOutside(rest, ',');

@@ -17,6 +17,7 @@ struct DeclaredOperation {
     std::string name;
     std::string result;  ///< empty when it is not said
     std::vector<DeclaredFeature> parameters;
+    std::string rest;  ///< what stands behind all that: "const", "throws X", "{query}"; usually empty
 };
 
 /// "name : type = default", or "type name" as programming languages have it.

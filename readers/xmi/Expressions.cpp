@@ -1,7 +1,9 @@
 #include "Expressions.h"
 
+#include <algorithm>
 #include <array>
 
+#include "Blanks.h"
 namespace readers::xmi {
 
 namespace {
@@ -42,9 +44,20 @@ std::string symbolText(const Assembly& assembly, Element expression) {
     return operands.empty() ? text : text + "(" + operands + ")";
 }
 
-/// A bound as it is written in a multiplicity. Tools write "no bound" in several ways.
+/// A bound as it is written in a multiplicity. Tools and people write "no bound" in several ways.
 std::string boundText(std::string_view bound) {
-    return bound == "-1" || bound == "n" || bound == "N" ? "*" : std::string(bound);
+    const bool isLetter =
+        bound.size() == 1 && std::string_view("nNmM").find(bound[0]) != std::string_view::npos;
+    return bound == "-1" || isLetter ? "*" : std::string(bound);
+}
+
+/// The bounds that a multiplicity stands for; false when it does not say any.
+bool decode(const std::string& text, int& lower, int& upper) {
+    // What cannot be read is taken for one: with a range of more behind it, it shows.
+    decodeMultiplicity(ZORString(text + ",2..2"), lower, upper);
+    const bool isReadable = upper != 1;
+    decodeMultiplicity(ZORString(text), lower, upper);
+    return isReadable;
 }
 
 std::string rangeText(std::string lower, std::string upper) {
@@ -54,6 +67,24 @@ std::string rangeText(std::string lower, std::string upper) {
         return lower.empty() ? upper : lower;
     }
     return lower == "*" ? upper : lower + ".." + upper;
+}
+
+/// What a person has written, such as "0..n" or "1, 3..N".
+std::string plainText(std::string_view plain) {
+    std::string text;
+    for (std::size_t start = 0; start <= plain.size();) {
+        const std::size_t end = std::min(plain.find(',', start), plain.size());
+        const std::string_view range = trim(plain.substr(start, end - start));
+        const std::size_t dots = range.find("..");
+        const std::string_view lower = trim(range.substr(0, dots));
+        const std::string_view upper = dots == std::string_view::npos ? lower : trim(range.substr(dots + 2));
+        if (lower.empty() || upper.empty()) {
+            return std::string(plain);
+        }
+        text += (text.empty() ? "" : ",") + rangeText(std::string(lower), std::string(upper));
+        start = end + 1;
+    }
+    return text;
 }
 
 /// The bounds of UML 2, each a value specification or an attribute. A bound that is left out beside the other
@@ -93,11 +124,15 @@ std::string multiplicityText(const Assembly& assembly, Element element) {
                    ? rangeText(std::string(inPlace.text("lower"_n)), std::string(inPlace.text("upper"_n)))
                    : rangesText(inPlace);
     }
-    if (const Target shared = assembly.references.first(element, "multiplicity"_n); shared.isFound()) {
+    const Target shared = assembly.references.first(element, "multiplicity"_n);
+    if (shared.isFound() && assembly.tree.at(shared.node).is("Multiplicity"_n)) {
         return rangesText(assembly.tree.at(shared.node));
     }
+    if (shared.exists() && shared.form != Form::TEXT) {
+        return {};
+    }
     const std::string_view plain = element.text("multiplicity"_n);
-    return plain.empty() ? boundsText(assembly, element) : boundText(plain);
+    return plain.empty() ? boundsText(assembly, element) : plainText(plain);
 }
 
 }  // namespace
@@ -125,6 +160,13 @@ std::string expressionOf(const Assembly& assembly, Element element, Name propert
     return expression ? expressionText(assembly, expression) : std::string(element.text(property));
 }
 
+std::string multiplicityInName(std::string_view name) {
+    std::string text = plainText(name);
+    int lower = 1;
+    int upper = 1;
+    return !text.empty() && decode(text, lower, upper) ? text : std::string();
+}
+
 Multiplicity multiplicityOf(const Assembly& assembly, Element element) {
     Multiplicity multiplicity;
     multiplicity.text = multiplicityText(assembly, element);
@@ -133,7 +175,9 @@ Multiplicity multiplicityOf(const Assembly& assembly, Element element) {
     }
     int lower = 1;
     int upper = 1;
-    decodeMultiplicity(ZORString(multiplicity.text), lower, upper);
+    if (!decode(multiplicity.text, lower, upper)) {
+        assembly.lose("multiplicities that cannot be read", element, multiplicity.text);
+    }
     multiplicity.mayBeNone = lower == 0;
     multiplicity.mayBeMany = upper != 1;
     return multiplicity;

@@ -19,7 +19,11 @@ struct Multiplicity {
     bool mayBeNone = false;  ///< the lower bound is 0
     bool mayBeMany = false;  ///< the upper bound is not 1
 };
+/// A text that cannot be read as a number of objects goes to the loss report.
 Multiplicity multiplicityOf(const Assembly& assembly, Element element);
+
+/// The multiplicity that an end's name is meant as, such as "0..n"; empty when it is a name.
+std::string multiplicityInName(std::string_view name);
 
 /// Of a feature, class or end; public when the file does not say.
 ZORVisibilityType visibilityOf(Element element);

@@ -16,6 +16,22 @@ constexpr std::string_view WELL_KNOWN_LIBRARIES[] = {
     "UML_Standard_Profile", "UML Standard Profile",
 };
 
+/// Types of libraries that tools bring along and refer to by ids that say nothing.
+struct KnownType {
+    std::string_view link;  ///< how it ends
+    std::string_view name;
+};
+constexpr KnownType KNOWN_TYPES[] = {
+    {"default-uml14.xmi#-84-17--56-5-43645a83:11466542d86:-8000:000000000000087C", "Integer"},
+    {"default-uml14.xmi#-84-17--56-5-43645a83:11466542d86:-8000:000000000000087E", "String"},
+};
+
+const KnownType* findKnownType(std::string_view link) noexcept {
+    const auto* const found = std::find_if(std::begin(KNOWN_TYPES), std::end(KNOWN_TYPES),
+                                           [&](const KnownType& row) { return link.ends_with(row.link); });
+    return found == std::end(KNOWN_TYPES) ? nullptr : found;
+}
+
 /// What stands before the name of a type in an id: "EAJava_int".
 std::string_view withoutToolPrefix(std::string_view id) noexcept {
     const std::size_t line = id.find('_');
@@ -32,6 +48,9 @@ std::string_view lastSegment(std::string_view path) noexcept {
 }
 
 std::string_view nameInLink(std::string_view link) noexcept {
+    if (const KnownType* known = findKnownType(link)) {
+        return known->name;
+    }
     const std::size_t mark = link.find_last_of("#|");
     std::string_view name = mark == std::string_view::npos ? link : link.substr(mark + 1);
     const std::size_t slash = name.rfind('/');
@@ -41,10 +60,19 @@ std::string_view nameInLink(std::string_view link) noexcept {
     return name.empty() ? link : name;
 }
 
+bool canBeName(std::string_view text) noexcept {
+    const bool beginsLikeId = text.empty() || text.front() == '_' || text.front() == '-' ||
+                              (text.front() >= '0' && text.front() <= '9');
+    const std::size_t colon = text.find(':');
+    const bool holdsLoneColon = colon != std::string_view::npos && text.substr(colon, 2) != "::";
+    return !beginsLikeId && !holdsLoneColon && !text.starts_with("EAID_") && !text.starts_with("EAPK_");
+}
+
 bool isWellKnownLibrary(std::string_view link) noexcept {
-    return std::any_of(
-        std::begin(WELL_KNOWN_LIBRARIES), std::end(WELL_KNOWN_LIBRARIES),
-        [&](std::string_view library) { return link.find(library) != std::string_view::npos; });
+    return findKnownType(link) != nullptr ||
+           std::any_of(
+               std::begin(WELL_KNOWN_LIBRARIES), std::end(WELL_KNOWN_LIBRARIES),
+               [&](std::string_view library) { return link.find(library) != std::string_view::npos; });
 }
 
 ExternalNames::ExternalNames(Tree& tree, const References& references, const Dialect& dialect)

@@ -16,6 +16,11 @@ std::string_view lastSegment(std::string_view path) noexcept;
 /// "pathmap://UML_LIBRARIES/UMLPrimitiveTypes.library.uml#String".
 std::string_view nameInLink(std::string_view link) noexcept;
 
+/// Whether a text that stands for an element can be its name, as "String" can. It cannot when it looks like
+/// one of the ids that tools make up: "_9_0_8f40294",
+/// "-84-17--56-5-43645a83:11466542d86:-8000:000000000000087E".
+bool canBeName(std::string_view text) noexcept;
+
 /// Whether the link leads into one of the libraries of primitive types that every UML tool brings along, so
 /// that what is meant is known without following it.
 bool isWellKnownLibrary(std::string_view link) noexcept;

@@ -47,6 +47,23 @@ std::string defaultOf(const Assembly& assembly, Element element, std::initialize
     return {};
 }
 
+/// What is put in the place of a template's parameter unless something else is given: an element in the
+/// parameter, one that it refers to, or what the exposed element has for a default.
+std::string templateDefaultOf(const Assembly& assembly, Element parameter, Element exposed) {
+    for (const Name role : {"ownedDefault"_n, "defaultElement"_n}) {
+        if (const Element child = parameter.child(role)) {
+            const std::string value = expressionText(assembly, child);
+            return value.empty() ? std::string(child.text("name"_n)) : value;
+        }
+    }
+    const Target target = assembly.references.first(parameter, {"default"_n, "defaultElement"_n});
+    if (target.isFound()) {
+        return std::string(assembly.tree.at(target.node).text("name"_n));
+    }
+    return target.exists() ? std::string(assembly.externalNames.of(target))
+                           : defaultOf(assembly, exposed, {"defaultValue"_n, "default"_n});
+}
+
 }  // namespace
 
 void Features::addAll(ZORClass& cls, Element classifier) {
@@ -132,13 +149,16 @@ void Features::addOperation(ZORClass& cls, Element element) {
         }
     }
     if (assembly_.dialect.namesAreDeclarations && !hasParameters) {
-        declareOperation(operation, name);
+        declareOperation(operation, element, name);
     }
 }
 
-void Features::declareOperation(ZOROperation& operation, std::string_view declaration) {
+void Features::declareOperation(ZOROperation& operation, Element element, std::string_view declaration) {
     const DeclaredOperation declared = parseOperation(declaration);
     operation.setName(ZORString(declared.name));
+    if (!declared.rest.empty()) {
+        assembly_.lose("texts behind parameter lists", element, declared.rest);
+    }
     if (!declared.result.empty()) {
         operation.setResultType(types_.named(declared.result));
     }
@@ -222,7 +242,7 @@ void Features::addTemplateParameter(ZORClass& cls, Element parameter) {
     ZORType* type = types_.ofOptional(exposed);
     argument.addType(
         type != nullptr ? type : types_.standIn(isUnsaid ? "class" : assembly_.tree.kindOf(exposed.index())));
-    argument.setDefaultValue(ZORString(defaultOf(assembly_, exposed, {"defaultValue"_n, "default"_n})));
+    argument.setDefaultValue(ZORString(templateDefaultOf(assembly_, parameter, exposed)));
 }
 
 }  // namespace readers::xmi

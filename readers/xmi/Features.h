@@ -21,7 +21,7 @@ class Features {
     std::unique_ptr<ZORAttribute> makeAttribute(Element element, std::size_t position);
     void declareAttribute(ZORAttribute& attribute, std::string_view declaration);
     void addOperation(ZORClass& cls, Element element);
-    void declareOperation(ZOROperation& operation, std::string_view declaration);
+    void declareOperation(ZOROperation& operation, Element element, std::string_view declaration);
     void addParameter(ZOROperation& operation, Element parameter);
     void setResult(ZOROperation& operation, Element parameter);
     void addMethod(Element method);

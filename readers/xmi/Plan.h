@@ -80,6 +80,9 @@ class Plan {
     Target parentOf(Element generalization) const;
     Target enclosingElement(Element relationship) const;
     std::string describe(const Target& target) const;
+    std::string nameOf(const Target& target) const;
+    std::string describeOther(const Target& end) const;
+    std::string describeOthers(NodeIndex faulty, const std::vector<NodeIndex>& ends) const;
     void lose(Element relationship, std::string_view what, const std::string& reason);
     void checkCycles() const;
 

@@ -94,7 +94,7 @@ std::string Plan::whyNotClasses(const std::vector<NodeIndex>& ends) const {
         }
         const Target type = typeOf(tree_.at(end));
         if (!isClass(type.node)) {
-            return describe(type);
+            return describe(type) + describeOthers(end, ends);
         }
     }
     return {};
@@ -106,10 +106,40 @@ std::string Plan::describe(const Target& target) const {
         return "an end is missing";
     }
     if (target.isFound()) {
-        return tree_.pathOf(target.node) + " is " + withArticle(tree_.kindOf(target.node));
+        return nameOf(target) + " is " + withArticle(tree_.kindOf(target.node));
     }
-    const std::string name(externalNames_.of(target));
-    return name + (name == target.text ? "" : " (" + std::string(target.text) + ")") + " is not in the file";
+    return nameOf(target) + " is not in the file";
+}
+
+/// What to call a target. An unnamed generalization is found again by its classes.
+std::string Plan::nameOf(const Target& target) const {
+    if (!target.isFound()) {
+        const std::string name(externalNames_.of(target));
+        return name + (name == target.text ? "" : " (" + std::string(target.text) + ")");
+    }
+    const Element element = tree_.at(target.node);
+    const bool isUnnamedArrow = element.is("Generalization"_n) && element.text("name"_n).empty();
+    const NodeIndex child = isUnnamedArrow ? childOf(element).node : NO_NODE;
+    const NodeIndex parent = isUnnamedArrow ? parentOf(element).node : NO_NODE;
+    const bool hasEnds = child != NO_NODE && parent != NO_NODE;
+    return element.path() + (hasEnds ? " from " + tree_.pathOf(child) + " to " + tree_.pathOf(parent) : "");
+}
+
+/// By which other end the relationship with an end at fault is found again, for the end of a sentence.
+std::string Plan::describeOther(const Target& end) const {
+    return end.exists() ? "; the other end is " + nameOf(end) : std::string();
+}
+
+std::string Plan::describeOthers(NodeIndex faulty, const std::vector<NodeIndex>& ends) const {
+    std::string names;
+    for (const NodeIndex end : ends) {
+        const Target type = typeOf(tree_.at(end));
+        if (end != faulty && type.exists()) {
+            names += (names.empty() ? "" : ", ") + nameOf(type);
+        }
+    }
+    const std::string verb = ends.size() > 2 ? "; the other ends are " : "; the other end is ";
+    return names.empty() ? names : verb + names;
 }
 
 void Plan::lose(Element relationship, std::string_view what, const std::string& reason) {
@@ -185,8 +215,10 @@ void Plan::decideGeneralization(Element generalization, const Target& child, con
     } else {
         const bool childIsSound = isClass(child.node) || isType(child.node);
         const bool parentIsSound = isClass(parent.node) || isType(parent.node);
+        const bool isParentAtFault = childIsSound && (!parentIsSound || isClass(child.node));
         lose(generalization, "generalizations",
-             describe(childIsSound && (!parentIsSound || isClass(child.node)) ? parent : child));
+             isParentAtFault ? describe(parent) + describeOther(child)
+                             : describe(child) + describeOther(parent));
     }
 }
 
@@ -200,13 +232,14 @@ void Plan::decideDependency(Element dependency, const std::vector<Target>& clien
                               std::to_string(MOST_PAIRS) + " relationships between classes");
     }
     Pairs pairs;
-    std::string reason = suppliers.empty() ? describe({}) : "";
+    std::string reason = suppliers.empty() ? describe({}) + describeOther(clients.front()) : "";
     for (const Target& client : clients) {
         for (const Target& supplier : suppliers) {
             if (isClass(client.node) && isClass(supplier.node)) {
                 pairs.emplace_back(client.node, supplier.node);
             } else {
-                reason = describe(isClass(client.node) ? supplier : client);
+                reason = isClass(client.node) ? describe(supplier) + describeOther(client)
+                                              : describe(client) + describeOther(supplier);
             }
         }
     }

@@ -46,6 +46,19 @@ bool hasFeatures(Element classifier) noexcept {
     return std::any_of(classifier.begin(), classifier.end(), isFeature);
 }
 
+bool isPackage(Element element, bool isXmi2) noexcept {
+    const KindRow* row = element.isUml() ? findKind(element.kind(), isXmi2) : nullptr;
+    return row != nullptr && row->becomes == Becomes::PACKAGE;
+}
+
+/// Whether it is a package for a tool's primitive types, or one in such a package: these stand in no model.
+bool isLibraryPackage(Element element, bool isXmi2) noexcept {
+    while (isPackage(element, isXmi2) && element.parent()) {
+        element = element.parent();
+    }
+    return isPackage(element, isXmi2) && element.role() != NO_NAME;
+}
+
 }  // namespace
 
 Plan::Plan(Tree& tree, const References& references, const ExternalNames& externalNames,
@@ -83,8 +96,7 @@ Becomes Plan::decideKind(Element element) {
     if (row == nullptr || isInTemplate) {
         return Becomes::NOTHING;
     }
-    const bool isPartOfLibrary = element.role() != NO_NAME && !element.parent();
-    if (row->becomes == Becomes::PACKAGE && isPartOfLibrary) {
+    if (isLibraryPackage(element, dialect_.isXmi2)) {
         element.markAllRead();  // a tool's package for its primitive types
         return Becomes::NOTHING;
     }

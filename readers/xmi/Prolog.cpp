@@ -1,6 +1,7 @@
 #include "Prolog.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Blanks.h"
 #include "Reader.h"
@@ -11,6 +12,8 @@ namespace {
 
 /// More than any prolog needs. A document type that begins behind it is seen by the parser.
 constexpr std::size_t LONGEST_PROLOG = std::size_t{1} << 20;
+/// The same for the declaration of the encoding.
+constexpr std::size_t LONGEST_DECLARATION = 200;
 
 /// Moves behind a comment or instruction that begins at `at`; npos when it does not end.
 std::size_t skipTo(std::string_view text, std::size_t at, std::string_view end) noexcept {
@@ -33,6 +36,24 @@ std::size_t skipProlog(std::string_view head) noexcept {
         at = at == std::string_view::npos ? at : head.find_first_not_of(BLANKS, at);
     }
     return at;
+}
+
+/// Whether what looks like ASCII is ASCII, and nothing else is. A declaration in which the encoding could be
+/// read in two ways does not count.
+bool isPlainlyEncoded(std::string_view content) {
+    constexpr std::string_view PLAIN_ENCODINGS[] = {"UTF-8", "US-ASCII", "ISO-8859-", "WINDOWS-125"};
+    const std::string head = plainHead(content.substr(0, LONGEST_DECLARATION));
+    const std::size_t end = head.find("?>");
+    const std::size_t word = head.find("encoding");
+    if (head.starts_with("<?xml") &&
+        (end == std::string::npos || (word < end && head.find("encoding", word + 1) < end))) {
+        return false;
+    }
+    std::string encoding = declaredEncoding(content);
+    std::transform(encoding.begin(), encoding.end(), encoding.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return std::any_of(std::begin(PLAIN_ENCODINGS), std::end(PLAIN_ENCODINGS),
+                       [&](std::string_view known) { return encoding.starts_with(known); });
 }
 
 /// The first printable characters, to show what a file is.
@@ -90,8 +111,14 @@ void refuseDocumentType() {
                       "take the document type out of a copy of the file; the model does not need it");
 }
 
+bool isSafeFromGrowth(std::string_view content) {
+    const bool isWide = content.starts_with("\xFF\xFE") || content.starts_with("\xFE\xFF") ||
+                        content.substr(0, 4).find('\0') != std::string_view::npos;
+    return !isWide && isPlainlyEncoded(content) && content.find("<!DOCTYPE") == std::string_view::npos;
+}
+
 std::string declaredEncoding(std::string_view content) {
-    const std::string head = plainHead(content.substr(0, 200));
+    const std::string head = plainHead(content.substr(0, LONGEST_DECLARATION));
     const std::string_view declaration = std::string_view(head).substr(0, head.find("?>"));
     const std::size_t word = declaration.find("encoding");
     const std::size_t open = word == std::string_view::npos ? word : declaration.find_first_of("\"'", word);

@@ -12,6 +12,10 @@ void checkProlog(std::string_view content);
 /// What is thrown for a document type.
 [[noreturn]] void refuseDocumentType();
 
+/// Whether no document type can stand anywhere in the file, nor be hidden by an unusual encoding: then
+/// nothing in it becomes larger than it is written. Says no rather than yes.
+bool isSafeFromGrowth(std::string_view content);
+
 /// The encoding that the first line declares; "UTF-8" without one.
 std::string declaredEncoding(std::string_view content);
 

@@ -5,14 +5,6 @@
 
 namespace readers::xmi {
 
-namespace {
-
-std::string describe(const Tree& tree, NodeIndex node) {
-    return tree.pathOf(node) + " (line " + std::to_string(tree.node(node).line) + ")";
-}
-
-}  // namespace
-
 References::References(Tree& tree, std::string fileName, LossReport& losses)
     : tree_(tree), fileName_(std::move(fileName)), nodes_(tree) {
     for (NodeIndex index = 0; index < tree.size(); ++index) {
@@ -31,10 +23,11 @@ void References::add(Element element, LossReport& losses) {
     if (!sayTheSame(tree_.at(known), element)) {
         throw SourceError(SourceError::Kind::CANNOT_READ,
                           "the id \"" + std::string(element.node().id) + "\" belongs to two elements: " +
-                              describe(tree_, known) + " and " + describe(tree_, element.index()),
+                              tree_.placeOf(known) + " and " + tree_.placeOf(element.index()),
                           "an id must stand for one element; the file was probably put together from two");
     }
-    losses.add("repetitions of elements", element.path(), "line " + std::to_string(element.node().line));
+    losses.add("repetitions of elements", element.path(),
+               "the first one is in line " + std::to_string(tree_.node(known).line));
     element.markAllRead();
     element.node().kind = NO_NAME;
 }
@@ -107,6 +100,12 @@ Target References::first(Element element, std::initializer_list<Name> names) con
         }
     }
     return {};
+}
+
+std::vector<Target> References::of(std::uint32_t value) const {
+    std::vector<Target> targets;
+    resolve(tree_.value(value), tree_.labelOf(value), targets);
+    return targets;
 }
 
 void References::resolve(const Value& value, std::string_view label, std::vector<Target>& targets) const {

@@ -37,6 +37,8 @@ class References {
     Target first(Element element, Name name) const;
     /// The same for the first of several names of which the element has any.
     Target first(Element element, std::initializer_list<Name> names) const;
+    /// All that one value refers to. It is not marked as read.
+    std::vector<Target> of(std::uint32_t value) const;
 
   private:
     void add(Element element, LossReport& losses);

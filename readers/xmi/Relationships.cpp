@@ -21,12 +21,6 @@ std::string_view nameOf(Element element) noexcept {
     return element.text("name"_n);
 }
 
-/// Whether what stands at an end of a line is meant as a number of objects: "0..*", "1", "2,4".
-bool looksLikeMultiplicity(std::string_view text) noexcept {
-    return text.find_first_of("0123456789*") != std::string_view::npos &&
-           text.find_first_not_of("0123456789*., n") == std::string_view::npos;
-}
-
 }  // namespace
 
 void Relationships::add(ZORDesignPackage& package, Element element) {
@@ -91,10 +85,12 @@ ZORAssociationRole& Relationships::addRole(ZORAssociation& association, Element 
 void Relationships::setNameAndMultiplicity(ZORAssociationRole& role, Element end) const {
     const std::string_view name = end.text("name"_n);
     std::string multiplicity = multiplicityOf(assembly_, end).text;
-    if (multiplicity.empty() && assembly_.dialect.namesAreDeclarations && looksLikeMultiplicity(name)) {
-        multiplicity = name;
-    } else {
+    const bool isName = !multiplicity.empty() || !assembly_.dialect.namesAreDeclarations;
+    const std::string written = isName ? std::string() : multiplicityInName(name);
+    if (written.empty()) {
         role.setName(name);
+    } else {
+        multiplicity = written;
     }
     const bool isOne = multiplicity.empty() && assembly_.dialect.unstatedMultiplicityIsOne;
     role.setMultiplicity(ZORString(isOne ? "1" : multiplicity));

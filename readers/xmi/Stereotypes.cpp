@@ -111,10 +111,7 @@ void Stereotypes::readReferences(Element element) {
     }
     for (const Target& target : references_.all(element, "stereotype"_n)) {
         if (!target.isFound()) {
-            const bool isLink = target.form == Form::HREF;
-            add(element.index(), !target.label.empty() ? lastSegment(target.label)
-                                 : isLink              ? nameInLink(target.text)
-                                                       : lastSegment(target.text));
+            addByName(element, target);
             continue;
         }
         const Element stereotype = tree_.at(target.node);
@@ -122,6 +119,18 @@ void Stereotypes::readReferences(Element element) {
             stereotype.markAllRead();
         }
         add(element.index(), stereotype.text("name"_n));
+    }
+}
+
+/// What is not in the file may be told of by its name all the same; an id alone says nothing to a reader.
+void Stereotypes::addByName(Element element, const Target& target) {
+    const std::string_view name = !target.label.empty()       ? lastSegment(target.label)
+                                  : target.form == Form::HREF ? nameInLink(target.text)
+                                                              : lastSegment(target.text);
+    if (target.label.empty() && (target.form == Form::IDREF || !canBeName(name))) {
+        losses_.add("stereotypes that are not in the file", element.path(), std::string(target.text));
+    } else {
+        add(element.index(), name);
     }
 }
 

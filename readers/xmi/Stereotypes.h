@@ -47,6 +47,7 @@ class Stereotypes {
     };
 
     void readReferences(Element element);
+    void addByName(Element element, const Target& target);
     void readDefinition(Element stereotype);
     void readKeywords(Element annotation);
     void readApplied(Element applied);

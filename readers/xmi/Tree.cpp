@@ -107,9 +107,15 @@ std::string Tree::pathOf(NodeIndex node) const {
         path.append(path.empty() ? "" : ".").append(shorten(*part));
     }
     if (nameOf(node).empty()) {
-        path.append(path.empty() ? "" : ".").append("(unnamed ").append(kindOf(node)).append(")");
+        path.append(path.empty() ? "" : ".").append("(unnamed ").append(kindOf(node));
+        path.append(" in line ").append(std::to_string(nodes_[node].line)).append(")");
     }
     return path;
+}
+
+std::string Tree::placeOf(NodeIndex node) const {
+    const std::string line = " (line " + std::to_string(nodes_[node].line) + ")";
+    return pathOf(node) + (nameOf(node).empty() ? "" : line);
 }
 
 std::string Tree::kindOf(NodeIndex node) const {

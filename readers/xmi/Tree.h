@@ -97,8 +97,11 @@ class Tree {
     /// Keeps a text as long as the tree lives.
     std::string_view store(std::string_view text);
 
-    /// The element's path for messages: the names of what it stands in, with dots between them.
+    /// The element's path for messages: the names of what it stands in, with dots between them. One without a
+    /// name is told by its line.
     std::string pathOf(NodeIndex node) const;
+    /// The path with the line, whether or not the element has a name.
+    std::string placeOf(NodeIndex node) const;
     /// What it is, as words: "use case", "class".
     std::string kindOf(NodeIndex node) const;
 

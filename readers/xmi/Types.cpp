@@ -81,29 +81,32 @@ void Types::addLiteral(ZORType& type, Element literal) {
     value->setCode(parseCode(stated, code) ? code : static_cast<std::int16_t>(type.getTypeValueCount() - 1));
 }
 
-/// A derived type whose own name says nothing has the data type of what it is based on.
+/// A derived type whose own name says nothing has the data type of what it is based on; an enumeration keeps
+/// its own.
 void Types::deriveFromBases() {
     std::vector<ZORDerivedType*> derived;
+    DataTypes decided;
     for (NodeIndex index = 0; index < assembly_.tree.size(); ++index) {
+        if (assembly_.plan.of(index) == Becomes::ENUMERATION) {
+            const ZORType* enumeration = typesOfNodes_.at(index);
+            decided.emplace(enumeration, enumeration->getDataType().view());
+        }
         const NodeIndex base = assembly_.plan.isType(index) ? assembly_.plan.baseTypeOf(index) : NO_NODE;
         if (base != NO_NODE) {
             derived.push_back(static_cast<ZORDerivedType*>(typesOfNodes_.at(index)));
             derived.back()->setBaseType(typesOfNodes_.at(base));
         }
     }
-    std::unordered_map<const ZORType*, std::string> decided;
     for (const ZORDerivedType* type : derived) {
         decideDataType(*type, decided);
     }
     for (ZORDerivedType* type : derived) {
-        if (type->getTypeValueCount() == 0) {
-            type->setDataType(ZORString(decided.at(type)));
-        }
+        type->setDataType(ZORString(decided.at(type)));
     }
 }
 
 /// Decides for the type and all that it is derived from, whose data type is the same.
-void Types::decideDataType(const ZORType& type, std::unordered_map<const ZORType*, std::string>& decided) {
+void Types::decideDataType(const ZORType& type, DataTypes& decided) {
     std::vector<const ZORType*> below;
     const ZORType* at = &type;
     while (!decided.contains(at) && at->getBaseType() != nullptr &&
@@ -111,12 +114,7 @@ void Types::decideDataType(const ZORType& type, std::unordered_map<const ZORType
         below.push_back(at);
         at = at->getBaseType();
     }
-    const auto [found, isNew] = decided.try_emplace(at);
-    if (isNew) {
-        const std::string_view known = dataTypeOfPrimitive(at->getName());
-        found->second = known.empty() ? at->getName().view() : known;
-    }
-    const std::string result = found->second;
+    const std::string result = decided.try_emplace(at, at->getDataType().view()).first->second;
     for (const ZORType* derived : below) {
         decided.emplace(derived, result);
     }
@@ -145,8 +143,13 @@ ZORType* Types::ofTarget(const Target& target, Element typed) {
     const bool isNew = !standIns_.contains(name);
     ZORType* type = standIn(name);
     if (isNew && !isWellKnownLibrary(target.text) && !isWellKnownLibrary(target.label)) {
-        assembly_.context.warn(typed.path(), "its type is not in the file (" + std::string(target.text) +
-                                                 "); a data type \"" + name + "\" stands for it");
+        const std::string where(target.text);
+        const bool isNameless =
+            target.form == Form::HREF && name == nameInLink(target.text) && !canBeName(name);
+        assembly_.context.warn(typed.path(),
+                               (isNameless ? "its type and the type's name are in another file ("
+                                           : "its type is not in the file (") +
+                                   where + "); a data type \"" + name + "\" stands for it");
     }
     return type;
 }

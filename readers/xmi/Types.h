@@ -28,10 +28,12 @@ class Types {
     ZORType* unspecified() { return standIn("unspecified"); }
 
   private:
+    using DataTypes = std::unordered_map<const ZORType*, std::string>;
+
     void addLiterals(ZORType& type, Element enumeration);
     void addLiteral(ZORType& type, Element literal);
     void deriveFromBases();
-    static void decideDataType(const ZORType& type, std::unordered_map<const ZORType*, std::string>& decided);
+    static void decideDataType(const ZORType& type, DataTypes& decided);
     ZORType* ofTarget(const Target& target, Element typed);
     ZORType* ofNode(NodeIndex node, Element typed);
     ZORType* classType(NodeIndex cls);

@@ -26,17 +26,23 @@ class XmlStream {
     Event next();
     /// The element or text that the last event was about; valid until the next one.
     const xmlNode& node() const noexcept { return *node_; }
-    /// Where it stands. Exact up to line 65,534, near from there on.
+    /// Where it stands. Exact up to line 65,534, from there on near; in files with very long texts at least
+    /// 65,535.
     std::uint32_t line() const noexcept;
 
   private:
     struct ReaderCloser {
         void operator()(xmlTextReader* reader) const noexcept { xmlFreeTextReader(reader); }
     };
+    struct DocumentCloser {
+        void operator()(xmlDoc* document) const noexcept { xmlFreeDoc(document); }
+    };
     /// The first fault that the parser told of.
     struct Fault {
         int code = 0;
         int line = 0;
+        int character = 0;  ///< one that XML does not permit, where the parser tells which
+        bool isBehindRoot = false;
         std::string text;
     };
 
@@ -58,11 +64,13 @@ class XmlStream {
 
     static void noteFault(void* data, xmlErrorPtr error) noexcept;
     bool advance();
+    bool isFaultOfBytes() const;
     [[noreturn]] void throwFault() const;
 
     std::string_view content_;
     Fault fault_;
     StrayFaults strayFaults_;
+    std::unique_ptr<xmlDoc, DocumentCloser> whole_;  ///< the file, where it is not read piece by piece
     std::unique_ptr<xmlTextReader, ReaderCloser> reader_;
     xmlNode* node_ = nullptr;
     bool endIsDue_ = false;  ///< an element without content has had its start

@@ -158,9 +158,13 @@ type bool SQL_BOOLEAN
 }
 
 TEST(XmiDialect, PlantUmlWritesMultiplicitiesAsNamesOfEnds) {
-    EXPECT_EQ(read(plantUml(cls12("A") + R"(<UML:Association xmi.id="j" name=""><UML:Association.connection>
-        <UML:AssociationEnd xmi.id="1" name="0..*" type="A"/><UML:AssociationEnd xmi.id="2" name="owner 1" type="A"/>
-        </UML:Association.connection></UML:Association>)"))
+    const auto association = [](const std::string& first, const std::string& second) {
+        return R"(<UML:Association name=""><UML:Association.connection><UML:AssociationEnd type="A" name=")" +
+               first + R"("/><UML:AssociationEnd type="A" name=")" + second +
+               R"("/></UML:Association.connection></UML:Association>)";
+    };
+    EXPECT_EQ(read(plantUml(cls12("A") + association("0..*", "owner 1") + association("n", "0..N") +
+                            association("2,4", "no")))
                   .outline(),
               R"(
 model PlantUML
@@ -169,6 +173,12 @@ model PlantUML
     association
       role : A 0..*
       role owner 1 : A
+    association
+      role : A *
+      role : A 0..*
+    association
+      role : A 2,4
+      role no : A
 )"_lines);
 }
 
@@ -192,7 +202,7 @@ TEST(XmiDeclaration, OfAnOperation) {
         for (const DeclaredFeature& parameter : operation.parameters) {
             text += "|" + parameter.name + ":" + parameter.type;
         }
-        return text;
+        return text + (operation.rest.empty() ? "" : "|+ " + operation.rest);
     };
     EXPECT_EQ(describe(parseOperation("f()")), "f|");
     EXPECT_EQ(describe(parseOperation("f(a : int, Map<K, V> b) : void")), "f|void|a:int|b:Map<K, V>");
@@ -200,6 +210,31 @@ TEST(XmiDeclaration, OfAnOperation) {
     EXPECT_EQ(describe(parseOperation("f")), "f|");
     EXPECT_EQ(describe(parseOperation("f(a, b")), "f(a, b|");
     EXPECT_EQ(describe(parseOperation("")), "|");
+    EXPECT_EQ(describe(parseOperation("operator()(int a) : bool")), "operator()|bool|a:int");
+    EXPECT_EQ(describe(parseOperation("bool operator() (int a) const")), "operator()|bool|a:int|+ const");
+    EXPECT_EQ(describe(parseOperation("operator()")), "operator()|");
+    EXPECT_EQ(describe(parseOperation("my_operator()")), "my_operator|");
+    EXPECT_EQ(describe(parseOperation("f(int a) : bool {query}")), "f|bool|a:int|+ {query}");
+    EXPECT_EQ(describe(parseOperation("f() : {a: int}")), "f|{a: int}");
+    EXPECT_EQ(describe(parseOperation("f(a) const : a::B throws X")), "f|a::B|a:|+ const throws X");
+    EXPECT_EQ(describe(parseOperation("f() throws a::X")), "f||+ throws a::X");
+}
+
+TEST(XmiDialect, PlantUmlsAdditionsToOperationsAreLost) {
+    const Result result = read(plantUml(cls12("A", R"xml(<UML:Classifier.feature>
+        <UML:Operation xmi.id="1" name="size() : int {query}"/><UML:Operation xmi.id="2" name="close() throws X"/>
+        </UML:Classifier.feature>)xml")));
+    EXPECT_EQ(result.outline(), R"(
+model PlantUML
+  package PlantUML
+    class A
+      operation size() : int
+      operation close()
+type int SQL_INTEGER
+)"_lines);
+    EXPECT_EQ(result.lossLines(),
+              "texts behind parameter lists: A.size() : int {query} ({query})\n"
+              "texts behind parameter lists: A.close() throws X (throws X)\n");
 }
 
 TEST(XmiEnterpriseArchitect, KeepsDefaultsAndEndsInItsExtension) {

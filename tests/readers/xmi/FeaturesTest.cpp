@@ -182,6 +182,35 @@ model m
       template T : data type
 type data type data type
 )"_lines},
+    {"DefaultsOfTemplateParametersOfUml2", inClass(R"(<ownedTemplateSignature xmi:id="_t">
+        <ownedParameter xmi:type="uml:ClassifierTemplateParameter" xmi:id="_p" default="_String">
+          <ownedParameteredElement xmi:type="uml:Class" xmi:id="_T" name="T"/></ownedParameter>
+        <ownedParameter xmi:id="_q"><ownedParameteredElement xmi:type="uml:Property" xmi:id="_n" name="n" type="_String"/>
+          <ownedDefault xmi:type="uml:LiteralInteger" xmi:id="_5" name="five" value="5"/></ownedParameter>
+        <ownedParameter xmi:id="_r"><ownedParameteredElement xmi:type="uml:Class" xmi:id="_U" name="U"/>
+          <default href="other.uml#Money"/></ownedParameter></ownedTemplateSignature>)"),
+     R"(
+model m
+  package m
+    class A
+      template T : class = String
+      template n : String = 5
+      template U : class = Money
+type String SQL_VARCHAR
+type class class
+)"_lines},
+    {"DefaultsOfTemplateParametersOfUml14",
+     xmi12(cls12("A", R"(<UML:ModelElement.templateParameter><UML:TemplateParameter xmi.id="t">
+        <UML:TemplateParameter.parameter><UML:DataType xmi.id="T" name="T"/></UML:TemplateParameter.parameter>
+        <UML:TemplateParameter.defaultElement><UML:Class xmi.idref="A"/></UML:TemplateParameter.defaultElement>
+        </UML:TemplateParameter></UML:ModelElement.templateParameter>)")),
+     R"(
+model m
+  package m
+    class A
+      template T : data type = A
+type data type data type
+)"_lines},
 };
 
 INSTANTIATE_TEST_SUITE_P(Attributes, XmiFeatures, testing::ValuesIn(ATTRIBUTES), caseName);

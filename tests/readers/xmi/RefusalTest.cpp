@@ -56,6 +56,17 @@ std::string withDocumentType(const std::string& type) {
     return type + SOUND.substr(SOUND.find('\n') + 1);
 }
 
+const std::string NOT_PERMITTED = "line 3: there is a character that XML does not permit";
+/// The text, all of it ASCII, with its encoding declared in its marks.
+std::string inUtf16(const std::string& text) {
+    std::string wide = "\xFF\xFE";
+    for (const char character : text.substr(text.find('\n') + 1)) {
+        wide += {character, '\0'};
+    }
+    return wide;
+}
+
+constexpr auto SURPLUS = ": there is something behind the end of the outermost element";
 constexpr auto CUT_OFF = ": the file ends in the middle of an element";
 
 const std::vector<Case> TEXTS = {
@@ -66,6 +77,10 @@ const std::vector<Case> TEXTS = {
     {"CutOffBetweenElements", SOUND.substr(0, SOUND.find("</uml:Model>")), std::string("line 3") + CUT_OFF},
     {"CutOffInAnElement", SOUND.substr(0, SOUND.find("uml:Class") + 3), std::string("line 3") + CUT_OFF},
     {"CutOffInTheLastTag", SOUND.substr(0, SOUND.size() - 4), std::string("line 3") + CUT_OFF},
+    {"AnElementBehindTheModel", SOUND + "\n<x/>", std::string("line 4") + SURPLUS},
+    {"AnEndBehindTheModel", SOUND + "\n</xmi:XMI>", std::string("line 4") + SURPLUS},
+    {"TextBehindTheModel", SOUND + "\nand more", std::string("line 4") + SURPLUS},
+    {"ASecondFileBehindTheModel", SOUND + "\n" + SOUND, std::string("line 4") + SURPLUS},
     {"TagsThatDoNotMatch", eclipse("<packagedElement></ownedElement>"),
      "line 3: this is not well-formed XML: Opening and ending tag mismatch: packagedElement line 3 and "
      "ownedElement"},
@@ -77,6 +92,12 @@ const std::vector<Case> TEXTS = {
      "<?xml version=\"1.0\" encoding=\"windows-1252\"?>" +
          SOUND.substr(SOUND.find('\n'), SOUND.find("uml:Class") - SOUND.find('\n')) + "\x81" + SOUND,
      "there are bytes that are no text in the file's encoding, which is windows-1252"},
+    {"AControlCharacterByNumber", eclipse(cls("A&#1;")), NOT_PERMITTED + " (U+0001)"},
+    {"AControlCharacterInAText", eclipse("<body>\x1B</body>"), NOT_PERMITTED + " (U+001B)"},
+    {"AControlCharacterInAnAttribute", eclipse(cls("A\x02")), NOT_PERMITTED},
+    {"AControlCharacterInASection", eclipse("<body><![CDATA[\x02]]></body>"), NOT_PERMITTED},
+    {"ACharacterThatIsNone", eclipse("<body>\xEF\xBF\xBE</body>"), NOT_PERMITTED + " (U+FFFE)"},
+    {"AZeroByte", eclipse(cls(std::string("A\0", 2))), NOT_PERMITTED},
     {"AnEncodingThatNobodyKnows",
      "<?xml version=\"1.0\" encoding=\"klingon\"?>" + SOUND.substr(SOUND.find('\n')),
      "line 1: the encoding that the file declares, klingon, is not known here"},
@@ -91,6 +112,15 @@ const std::vector<Case> TEXTS = {
     {"ElementsNestedTooDeep",
      eclipse(repeat("<packagedElement xmi:type=\"uml:Package\">", 300) + repeat("</packagedElement>", 300)),
      "line 3: elements are nested deeper than 250 levels, the most permitted"},
+    {"ElementsNestedFarTooDeepBehindALongComment",
+     "<a><!--" + std::string(1000000, 'x') + "-->" + repeat("<a>", 100000) + repeat("</a>", 100001),
+     "line 1: elements are nested deeper than 250 levels, the most permitted"},
+    {"TagsThatDoNotMatchBehindALongComment",
+     eclipse("<!--" + std::string(1000000, 'x') + "-->\n<packagedElement></ownedElement>"),
+     "line 4: this is not well-formed XML: Opening and ending tag mismatch: packagedElement line 4 and "
+     "ownedElement"},
+    {"ATextThatIsTooLongForItsEncoding", inUtf16(eclipse("<body>" + std::string(11000000, 'x') + "</body>")),
+     "a text, an attribute or a comment is longer than 10 MB"},
     {"ElementsNestedFarTooDeep", repeat("<a>", 100000),
      "line 1: elements are nested deeper than 250 levels, the most permitted"},
 };
@@ -167,6 +197,41 @@ TEST(XmiCutOff, WhereverItIsGivesASentence) {
     for (std::size_t length = 0; length < file.size(); ++length) {
         EXPECT_NE(refusal(file.substr(0, length)), "") << "cut off behind " << file.substr(0, length);
     }
+}
+
+/// Behind a long prolog the parser sees a document type first; its entities must not grow then.
+TEST(XmiDocumentType, IsRefusedBeforeItsEntitiesGrow) {
+    std::string type = "<!DOCTYPE x [<!ENTITY a0 \"aaaaaaaaaaaaaaaaaaaa\">";
+    for (char i = '1'; i <= '9'; ++i) {
+        const std::string inner = std::string("&a") + static_cast<char>(i - 1) + ";";
+        type += std::string("<!ENTITY a") + i + " \"" + repeat(inner, 10) + "\">";
+    }
+    type += "<!ATTLIST packagedElement z CDATA \"&a9;\">]>";
+    EXPECT_NE(refusal("<!--" + std::string(2000000, 'x') + "-->" + withDocumentType(type)), "");
+}
+
+/// Long texts take another way through the parser, to the same end.
+TEST(XmiLongSections, AreRead) {
+    const std::string longText = repeat("long > short &lt;", 700000);
+    const std::string comment = "<!--" + longText + "-->";
+    const std::string attribute = R"(<ownedAttribute xmi:id="_x" name="x" type="_A"></ownedAttribute>)";
+    const std::string sound =
+        cls("A", attribute + "<ownedComment xmi:id=\"_k\"><body>text</body></ownedComment>");
+    EXPECT_EQ(read(eclipse(comment + sound)).outline(), read(eclipse(sound)).outline());
+    const std::string expected = repeat("long > short <", 700000);
+    for (const std::string& file :
+         {eclipse(cls("A", "<ownedComment><body>" + longText + "</body></ownedComment>")),
+          eclipse(cls("A", "<ownedComment body=\"" + longText + "\"/>"))}) {
+        const Result result = read(file);
+        const auto* package = static_cast<const ZORDesignPackage*>(result.model->getChildPackages()[0]);
+        EXPECT_EQ(package->getModelElements()[0]->getNotes()[0]->getDescription().view(), expected);
+    }
+}
+
+TEST(XmiLongSections, LeaveFarLinesKnownAsFarAsTheParserCounts) {
+    const std::string file = eclipse("<!--" + std::string(1000000, 'x') + "-->" + std::string(100000, '\n') +
+                                     "<packagedElement xmi:type=\"uml:UseCase\"/>\n");
+    EXPECT_EQ(read(file).lossLines(), "use cases: (unnamed use case in line 65535)\n");
 }
 
 /// A file without classes is sound; why there are none is told.

@@ -104,6 +104,12 @@ const std::vector<Case> ASSOCIATIONS = {
         <UML:MultiplicityRange xmi.id="r1" lower="1" upper="1"/><UML:MultiplicityRange xmi.id="r2" lower="4" upper="-1"/>
         </UML:Multiplicity.range></UML:Multiplicity></UML:AssociationEnd.multiplicity>)")),
      expected("    association s\n      role : A 1,4..*\n      role : B 0..*\n")},
+    {"NoUpperBoundAsALetter",
+     twoClasses12(association12(R"(type="A" multiplicity="0..n")", R"(type="B" multiplicity="1, 3 .. N")")),
+     expected("    association s\n      role : A 0..*\n      role : B 1,3..*\n")},
+    {"NoBoundAsALetter",
+     twoClasses12(association12(R"(type="A" multiplicity="n")", R"(type="B" multiplicity="n..m")")),
+     expected("    association s\n      role : A *\n      role : B *\n")},
     {"AMultiplicityThatTwoEndsShare",
      twoClasses12(R"(<UML:Association xmi.id="s" name="s"><UML:Association.connection>
         <UML:AssociationEnd xmi.id="e1" type="A"><UML:AssociationEnd.multiplicity><UML:Multiplicity xmi.id="m1">
@@ -112,6 +118,18 @@ const std::vector<Case> ASSOCIATIONS = {
         <UML:AssociationEnd xmi.id="e2" type="B"><UML:AssociationEnd.multiplicity><UML:Multiplicity xmi.idref="m1"/>
           </UML:AssociationEnd.multiplicity></UML:AssociationEnd></UML:Association.connection></UML:Association>)"),
      expected("    association s\n      role : A 0..1\n      role : B 0..1\n")},
+    {"AMultiplicityThatReadsLikeAnId",
+     xmi12(cls12("A") + R"(<UML:Association xmi.id="s" name="s"><UML:Association.connection>
+        <UML:AssociationEnd xmi.id="1" type="A" multiplicity="1"/><UML:AssociationEnd xmi.id="2" type="A"
+        multiplicity="2"/></UML:Association.connection></UML:Association>)"),
+     R"(
+model m
+  package m
+    class A
+    association s
+      role : A 1
+      role : A 2
+)"_lines},
     {"QualifiersOfUml2",
      twoClasses(R"(<packagedElement xmi:type="uml:Association" xmi:id="_s" name="s" memberEnd="_e1 _e2">
         <ownedEnd xmi:id="_e1" type="_A"><qualifier xmi:id="_q" name="key" type="_B"/></ownedEnd>
@@ -222,7 +240,8 @@ model m
       attribute address : _gone
 type _gone _gone
 )"_lines);
-    EXPECT_EQ(result.lossLines(), "associations not between classes: lives (_gone is not in the file)\n");
+    EXPECT_EQ(result.lossLines(),
+              "associations not between classes: lives (_gone is not in the file; the other end is A)\n");
 }
 
 }  // namespace

@@ -60,6 +60,32 @@ model m
 derived type Name from String SQL_VARCHAR
 type String SQL_VARCHAR
 )"_lines},
+    {"WhatSpecialisesAnEnumerationHasItsDataType",
+     eclipse(R"(<packagedElement xmi:type="uml:Enumeration" xmi:id="_s" name="State">
+        <ownedLiteral xmi:id="_1" name="open"/></packagedElement>
+        <packagedElement xmi:type="uml:Enumeration" xmi:id="_f" name="FineState"><generalization general="_s"/>
+        </packagedElement><packagedElement xmi:type="uml:Enumeration" xmi:id="_r" name="RareState">
+        <ownedLiteral xmi:id="_2" name="lent"/><generalization general="_f"/></packagedElement>
+        <packagedElement xmi:type="uml:DataType" xmi:id="_d" name="Condition"><generalization general="_r"/>
+        </packagedElement>)"),
+     R"(
+model m
+derived type State SQL_VARCHAR
+  value open 0 open
+derived type FineState from State SQL_VARCHAR
+derived type RareState from FineState SQL_VARCHAR
+  value lent 0 lent
+derived type Condition from RareState SQL_VARCHAR
+)"_lines},
+    {"AnEnumerationThatSpecialisesANumberHoldsWordsAllTheSame",
+     eclipse(R"(<packagedElement xmi:type="uml:PrimitiveType" xmi:id="_i" name="Integer"/>
+        <packagedElement xmi:type="uml:Enumeration" xmi:id="_e" name="Grade"><generalization general="_i"/>
+        </packagedElement>)"),
+     R"(
+model m
+type Integer SQL_INTEGER
+derived type Grade from Integer SQL_VARCHAR
+)"_lines},
     {"ADataTypeWithAttributesIsAClassWithAKeyword",
      eclipse(R"(<packagedElement xmi:type="uml:DataType" xmi:id="_p" name="Point">
         <ownedAttribute xmi:id="_x" name="x" type="_String"/></packagedElement>)" +
@@ -185,6 +211,45 @@ TEST(XmiOutsideTypes, OfWellKnownLibrariesNeedNoWarning) {
     EXPECT_EQ(result.warningLines(), "");
 }
 
+TEST(XmiOutsideTypes, ThatOnlyAnIdTellsOfKeepItWithAWarning) {
+    const Result result = read(omg(
+        cls("A", R"(<ownedAttribute xmi:id="_1" name="a"><type href="other.uml#_x7:1"/></ownedAttribute>)")));
+    EXPECT_EQ(result.outline(), R"(
+model m
+  package m
+    class A
+      attribute a : _x7:1
+type _x7:1 _x7:1
+)"_lines);
+    EXPECT_EQ(
+        result.warningLines(),
+        "A.a: its type and the type's name are in another file (other.uml#_x7:1); a data type \"_x7:1\" "
+        "stands for it\n");
+}
+
+TEST(XmiOutsideTypes, OfArgoUmlsOwnProfileAreKnownByTheirIds) {
+    const std::string profile =
+        "http://argouml.org/profiles/uml14/default-uml14.xmi"
+        "#-84-17--56-5-43645a83:11466542d86:-8000:000000000000087";
+    const auto attribute = [&](const std::string& name, const std::string& digit) {
+        return "<UML:Attribute xmi.id=\"" + name + "\" name=\"" + name +
+               "\"><UML:StructuralFeature.type><UML:DataType href=\"" + profile + digit +
+               "\"/></UML:StructuralFeature.type></UML:Attribute>";
+    };
+    const Result result = read(xmi12(cls12("A", "<UML:Classifier.feature>" + attribute("n", "C") +
+                                                    attribute("s", "E") + "</UML:Classifier.feature>")));
+    EXPECT_EQ(result.outline(), R"(
+model m
+  package m
+    class A
+      attribute n : Integer
+      attribute s : String
+type Integer SQL_INTEGER
+type String SQL_VARCHAR
+)"_lines);
+    EXPECT_EQ(result.warningLines(), "");
+}
+
 TEST(XmiOutsideTypes, AreCalledWhatTheToolCallsThem) {
     const Result result = read(xmi12(
         cls12("A", R"(<UML:Classifier.feature><UML:Attribute xmi.id="x" name="x"><UML:StructuralFeature.type>
@@ -226,7 +291,8 @@ TEST(XmiOutsideTypes, OfEnterpriseArchitectMayBeDeclaredInTheExtension) {
     const Result result = read(enterpriseArchitect(
         cls("A", R"(<ownedAttribute xmi:id="_1" name="a"><type xmi:idref="EAJava_int"/></ownedAttribute>)"),
         R"(<primitivetypes><packagedElement xmi:type="uml:Package" xmi:id="P" name="EA_PrimitiveTypes_Package">
-        <packagedElement xmi:type="uml:PrimitiveType" xmi:id="EAJava_int" name="int"/></packagedElement>
+        <packagedElement xmi:type="uml:Package" xmi:id="J" name="EA_Java_Types_Package"><packagedElement
+        xmi:type="uml:PrimitiveType" xmi:id="EAJava_int" name="int"/></packagedElement></packagedElement>
         </primitivetypes>)"));
     EXPECT_EQ(result.outline(), R"(
 model m
