@@ -122,7 +122,7 @@ std::string describeLoadError(const fs::path& file) {
 /// What may have been meant, else what there is to choose from.
 std::string describeKnown(const std::string& name, const std::vector<ZORString>& known) {
     if (known.empty()) {
-        return " It holds no bridge at all; the environment variable ZOR_BRIDGE_PATH names another folder.";
+        return " It holds no bridge at all.";
     }
     const std::vector<std::string_view> candidates(known.begin(), known.end());
     std::string sentence = describeNearest(name, candidates);
@@ -136,6 +136,17 @@ std::string describeKnown(const std::string& name, const std::vector<ZORString>&
         sentence += ".";
     }
     return sentence;
+}
+
+void requireFolder(const fs::path& folder) {
+    std::error_code error;
+    if (fs::is_directory(folder, error)) {
+        return;
+    }
+    if (error == std::errc::permission_denied) {
+        fail("The folder " + quote(folder) + " cannot be looked into for bridges: " + error.message() + ".");
+    }
+    fail("There is no folder " + quote(folder) + " to look for bridges in.");
 }
 
 void requireSound(ZORModel& model, const ZOROptionList& options) {
@@ -266,6 +277,7 @@ ZORBridge ZORBridgeManager::load(const ZORString& nameOrFile) const {
     if (name.find('/') == std::string::npos) {
         file = fs::absolute(fs::path(folder_.c_str()) / ("libZOR" + name + ".so"));
         if (std::error_code error; !fs::exists(file, error)) {
+            requireFolder(folder_.c_str());
             fail("There is no bridge \"" + name + "\" in the folder " + quote(folder_.c_str()) + "." +
                  describeKnown(name, listBridges()));
         }

@@ -29,8 +29,8 @@ int patienceOf(const ReadRequest& request) {
     int milliseconds = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
     if (result.ec != std::errc() || result.ptr != text.data() + text.size() || milliseconds < 0) {
-        throw SourceError(SourceError::Kind::WRONG_OPTION, "\"" + text + "\" is no value for " + PATIENCE,
-                          "give a number of milliseconds, such as " + std::string(USUAL_PATIENCE));
+        throw WrongOption(PATIENCE, "\"" + text + "\" is no number of milliseconds",
+                          "give a whole one that is not negative, such as " + std::string(USUAL_PATIENCE));
     }
     return milliseconds;
 }

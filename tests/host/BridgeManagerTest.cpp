@@ -139,9 +139,15 @@ TEST_F(BridgeManagerTest, NamesTheNearestBridgesForAnUnknownName) {
                 EndsWith(" It holds \"FakeExport\", \"NoSymbolExport\", \"NullExport\", "
                          "\"ThrowingExport\", \"UnresolvedExport\"."));
     EXPECT_EQ(
-        loadFailure(ZORBridgeManager((folder / "none").c_str()), "X"),
-        "There is no bridge \"X\" in the folder \"" + (folder / "none").native() +
-            "\". It holds no bridge at all; the environment variable ZOR_BRIDGE_PATH names another folder.");
+        loadFailure(ZORBridgeManager(folder.c_str()), "X"),
+        "There is no bridge \"X\" in the folder \"" + folder.native() + "\". It holds no bridge at all.");
+}
+
+TEST_F(BridgeManagerTest, TellsThatThereIsNoFolderToLookIn) {
+    for (const std::string& path : {(folder / "none").native(), writeFile("file", "")}) {
+        EXPECT_EQ(loadFailure(ZORBridgeManager(path.c_str()), "X"),
+                  "There is no folder \"" + path + "\" to look for bridges in.");
+    }
 }
 
 TEST_F(BridgeManagerTest, TellsThatThereIsNoSuchFile) {

@@ -491,9 +491,10 @@ TEST(DatabaseFile, TakesANumberAsItsTimeout) {
     for (const char* value : {"", "soon", "-1", "5s", "99999999999"}) {
         ReadRequest request;
         request.options["busy-timeout"] = value;
-        EXPECT_EQ(support::errorOf(sqliteDatabaseReader(), Source::fromFile(folder / "a.db"), request),
-                  "WRONG_OPTION: \"" + std::string(value) +
-                      "\" is no value for busy-timeout [give a number of milliseconds, such as 5000]");
+        EXPECT_EQ(
+            support::errorOf(sqliteDatabaseReader(), Source::fromFile(folder / "a.db"), request),
+            "WRONG_OPTION: \"" + std::string(value) +
+                "\" is no number of milliseconds [give a whole one that is not negative, such as 5000]");
     }
 }
 
