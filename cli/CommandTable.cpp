@@ -27,26 +27,27 @@ PositionalEntry outputArgument(const std::string& name, const std::string& exten
 }
 
 Command exportCommand() {
-    return {.name = "export",
-            .summary = "write a source's model as an OIM document",
-            .description =
-                "Reads SOURCE and writes its model as an OIM XML document. The document appears under "
-                "its name only when it is complete; a file that was there before stays as it is until "
-                "then.",
-            .positionals = {sourceArgument(), outputArgument("OUT.xml", ".xml")},
-            .groups = {OptionGroup::OUTPUT, OptionGroup::CHECK, OptionGroup::BRIDGE, OptionGroup::SOURCE,
-                       OptionGroup::SELECTION, OptionGroup::FINDINGS, OptionGroup::GENERAL},
-            .examples = {{"export shop.sqlite shop.xml", "a database, in the view that suits it"},
-                         {"export shop.sqlite shop.xml --view dbm --dbm-typeset \"Oracle 8.x\" --indent 2",
-                          "with another database's types, indented"},
-                         {"export shop.sqlite --table \"order*\" --exclude-table order_log -o orders.xml",
-                          "some tables only"},
-                         {"export json:model.txt - --view dbm | gzip > model.xml.gz",
-                          "a model document of any name, into a pipe"},
-                         {"export shop.sqlite shop.xml --check", "checked, as \"oimbridge check\" does"},
-                         {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
-                          "with an option of the bridge"}},
-            .run = runExport};
+    return {
+        .name = "export",
+        .summary = "write a source's model as an OIM document",
+        .description =
+            "Reads SOURCE and writes its model as an OIM XML document. The document appears under "
+            "its name only when it is complete; a file that was there before stays as it is until "
+            "then.",
+        .positionals = {sourceArgument(), outputArgument("OUT.xml", ".xml")},
+        .groups = {OptionGroup::OUTPUT, OptionGroup::LAYOUT, OptionGroup::CHECK, OptionGroup::BRIDGE,
+                   OptionGroup::SOURCE, OptionGroup::SELECTION, OptionGroup::FINDINGS, OptionGroup::GENERAL},
+        .examples = {{"export shop.sqlite shop.xml", "a database, in the view that suits it"},
+                     {"export shop.sqlite shop.xml --view dbm --dbm-typeset \"Oracle 8.x\" --indent 2",
+                      "with another database's types, indented"},
+                     {"export shop.sqlite --table \"order*\" --exclude-table order_log -o orders.xml",
+                      "some tables only"},
+                     {"export json:model.txt - --view dbm | gzip > model.xml.gz",
+                      "a model document of any name, into a pipe"},
+                     {"export shop.sqlite shop.xml --check", "checked, as \"oimbridge check\" does"},
+                     {"export shop.sql shop.xml --set \"MS Repository=False\" --overwrite",
+                      "with an option of the bridge"}},
+        .run = runExport};
 }
 
 Command inspectCommand() {

@@ -107,8 +107,7 @@ ReadModel readForExport(const OpenedSource& source, const View& view, const Argu
     ReadModel read = readModel(source, arguments, console, progress,
                                isUml ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML);
     requireContent(read, source, arguments);
-    requireWritableModelName(read.model->getName().view(), !arguments.modelName.empty(),
-                             source.source.name());
+    requireWritableModelName(read.model->getName().view(), source.source.name());
     return read;
 }
 

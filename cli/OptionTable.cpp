@@ -6,6 +6,7 @@
 #include <charconv>
 
 #include "Failure.h"
+#include "ModelName.h"
 #include "Views.h"
 
 namespace cli {
@@ -13,6 +14,7 @@ namespace cli {
 namespace {
 
 constexpr int WIDEST_INDENTATION = 16;
+constexpr std::string_view INDENTATION = "XML Indentation (pretty printing)";
 
 [[noreturn]] void refuse(const OptionEntry& option, const std::string& text, std::string hint = {}) {
     throw Failure(ExitCode::WRONG_USE, option.dashed(), text, std::move(hint));
@@ -48,6 +50,16 @@ void takeIndent(Arguments& arguments, const OptionEntry& option, const std::stri
     takeBridgeValue(arguments, option, indentationOf(option, value));
 }
 
+/// The indentation goes between the document's tags as it is, where XML permits nothing but white space.
+void requireWhiteSpace(const OptionEntry& option, const std::string& name, const std::string& value) {
+    if (value.find_first_not_of(" \t\r\n") != std::string::npos) {
+        refuse(option,
+               fmt::format("the value \"{}\" of the option \"{}\" holds more than blanks, tabs and line ends",
+                           value, name),
+               "\"--indent\" indents by so many blanks");
+    }
+}
+
 void takeSetting(Arguments& arguments, const OptionEntry& option, const std::string& value) {
     const std::size_t equals = value.find('=');
     if (equals == std::string::npos || equals == 0) {
@@ -58,11 +70,24 @@ void takeSetting(Arguments& arguments, const OptionEntry& option, const std::str
     if (name == "File") {
         refuse(option, "the option \"File\" is what OUT says", "name the output as OUT or with --output");
     }
-    arguments.bridgeOptions.push_back({name, value.substr(equals + 1), option.dashed()});
+    const std::string setting = value.substr(equals + 1);
+    if (name == INDENTATION) {
+        requireWhiteSpace(option, name, setting);
+    }
+    arguments.bridgeOptions.push_back({name, setting, option.dashed()});
 }
 
 void takeReaderOption(Arguments& arguments, const OptionEntry& option, const std::string& value) {
     arguments.readerOptions[option.name] = value;
+}
+
+void takeModelName(Arguments& arguments, const OptionEntry& option, const std::string& value) {
+    const std::string fault = findModelNameFault(value);
+    if (!fault.empty()) {
+        refuse(option,
+               fmt::format("a document cannot hold the name \"{}\" because of the '{}' in it", value, fault));
+    }
+    arguments.modelName = value;
 }
 
 void takePattern(std::vector<std::string>& patterns, const std::string& value) {
@@ -126,8 +151,8 @@ void appendBridgeOptions(std::vector<OptionEntry>& table) {
                      .description =
                          "indent the document by so many blanks (0 to 16) per level, or by \"tab\" or "
                          "\"none\"; left out, none",
-                     .group = OptionGroup::OUTPUT,
-                     .bridgeOption = "XML Indentation (pretty printing)",
+                     .group = OptionGroup::LAYOUT,
+                     .bridgeOption = std::string(INDENTATION),
                      .take = takeIndent});
     table.push_back({.name = "set",
                      .value = "NAME=VALUE",
@@ -144,9 +169,7 @@ void appendSourceOptions(std::vector<OptionEntry>& table) {
                      .value = "NAME",
                      .description = "the name of the model; left out, the source's own",
                      .group = OptionGroup::SOURCE,
-                     .take = [](Arguments& arguments, const OptionEntry&, const std::string& value) {
-                         arguments.modelName = value;
-                     }});
+                     .take = takeModelName});
     for (const readers::Reader* reader : readers::allReaders()) {
         for (const readers::ReaderOption& option : reader->describe().options) {
             const bool known = std::any_of(table.begin(), table.end(), [&](const OptionEntry& entry) {
@@ -291,6 +314,8 @@ std::string_view describeGroup(OptionGroup group) {
     switch (group) {
         case OptionGroup::OUTPUT:
             return "Output";
+        case OptionGroup::LAYOUT:
+            return "Layout";
         case OptionGroup::CHECK:
             return "Check";
         case OptionGroup::BRIDGE:

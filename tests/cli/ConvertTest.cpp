@@ -113,10 +113,11 @@ TEST_F(Convert, LeavesTheEarlierFileWhenTheDiskIsFull) {
 }
 
 TEST_F(Convert, WarnsOfTextsThatAreNotUtf8) {
-    const Result result = run(scratch, {"convert", "shop.sql", "out.model.json", "--model-name", "a\xff"});
+    scratch.write("a\xff.sql", SHOP_SQL);
+    const Result result = run(scratch, {"convert", "a\xff.sql", "out.model.json"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.err,
-                StartsWith("oimbridge: warning: shop.sql: 2 texts are not UTF-8: U+FFFD stands for what "
+                StartsWith("oimbridge: warning: a\\xff.sql: 2 texts are not UTF-8: U+FFFD stands for what "
                            "is ill-formed\n"));
     EXPECT_THAT(scratch.read("out.model.json"), HasSubstr("\"name\": \"a\xEF\xBF\xBD\""));
 }

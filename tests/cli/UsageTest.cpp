@@ -148,6 +148,14 @@ INSTANTIATE_TEST_SUITE_P(
             {"convert", "shop.sql", "--view", "dbm"},
             error("--view: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
         UsageCase{
+            "IndentOfConvert",
+            {"convert", "shop.sql", "--indent", "2"},
+            error("--indent: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
+            "IndentOfInspect",
+            {"inspect", "shop.sql", "--indent=2"},
+            error("--indent: \"inspect\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
             "CheckOfConvert",
             {"convert", "shop.sql", "--check"},
             error("--check: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
@@ -271,6 +279,44 @@ INSTANTIATE_TEST_SUITE_P(Selection, WrongUse,
                                                    {"inspect", "shop.sql", "--table", ""},
                                                    error("--table: the value is empty")}),
                          [](const auto& usage) { return usage.param.name; });
+
+struct IndentationCase {
+    const char* name;
+    std::string value;
+    std::string shown;
+};
+
+std::ostream& operator<<(std::ostream& out, const IndentationCase& indentation) {
+    return out << indentation.name;
+}
+
+class SetOfTheIndentation : public testing::TestWithParam<IndentationCase> {};
+
+TEST_P(SetOfTheIndentation, TakesNothingThatWouldSpoilTheDocument) {
+    const Scratch scratch;
+    scratch.write("shop.sql", SHOP_SQL);
+    for (const char* command : {"export", "inspect"}) {
+        const Result result = run(
+            scratch, {command, "shop.sql", "--set", "XML Indentation (pretty printing)=" + GetParam().value});
+        EXPECT_EQ(result.err, error("--set: the value \"" + GetParam().shown +
+                                    "\" of the option \"XML Indentation (pretty printing)\" holds more than "
+                                    "blanks, tabs and line ends") +
+                                  "hint: \"--indent\" indents by so many blanks\n");
+        EXPECT_EQ(result.exitCode, 2);
+    }
+    EXPECT_EQ(scratch.list(), std::vector<std::string>{"shop.sql"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, SetOfTheIndentation,
+                         testing::Values(IndentationCase{"Letters", "abc", "abc"},
+                                         IndentationCase{"Dots", "..", ".."},
+                                         IndentationCase{"Tag", "<", "<"},
+                                         IndentationCase{"Entity", "&#32;", "&#32;"},
+                                         IndentationCase{"BehindABlank", " x", " x"},
+                                         IndentationCase{"NoBreakSpace", "\u00A0", "\u00A0"},
+                                         IndentationCase{"FormFeed", "\f", "\\u000c"},
+                                         IndentationCase{"NotUtf8", "\xff", "\\xff"}),
+                         [](const auto& test) { return test.param.name; });
 
 /// Whether the message is of this beginning and the run ended as wrong use.
 void expectRefusal(const Scratch& scratch, const std::vector<std::string>& arguments,
