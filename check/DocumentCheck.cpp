@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DocumentParser.h"
+#include "ParserMemory.h"
 #include "StrayErrors.h"
 
 namespace oimcheck {
@@ -45,8 +46,11 @@ DocumentCheck::Parser::Parser(Receiver receiver, std::uint64_t most)
     handler_.cdataBlock = onText;
     handler_.internalSubset = onDocumentType;
     handler_.serror = onError;
+    const StrayErrors strayErrors(onStrayError, this);
+    ParserMemory::forget();
     context_ = xmlCreatePushParserCtxt(&handler_, this, nullptr, 0, nullptr);
-    if (context_ == nullptr) {
+    if (context_ == nullptr || ParserMemory::hasFailed()) {
+        xmlFreeParserCtxt(context_);
         throw std::bad_alloc();
     }
     // "Huge" lifts the parser's own bounds on nesting and on the length of a value, which large models
@@ -89,9 +93,13 @@ void DocumentCheck::Parser::push() {
 void DocumentCheck::Parser::parse(std::string_view bytes, bool isEnd) {
     {
         const StrayErrors strayErrors(onStrayError, this);
+        ParserMemory::forget();
         xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), isEnd ? 1 : 0);
     }
     rethrow();
+    if (ParserMemory::hasFailed()) {
+        throw std::bad_alloc();
+    }
     if (!stopped_ && context_->disableSAX != 0) {
         tellLast(place(), "not well-formed: the parser gave up");
     }

@@ -4,6 +4,8 @@
 
 #include <mutex>
 
+#include "ParserMemory.h"
+
 namespace oimcheck {
 namespace {
 
@@ -14,7 +16,10 @@ void ignoreWords(void* /*context*/, const char* /*format*/, ...) {}
 
 StrayErrors::StrayErrors(xmlStructuredErrorFunc handler, void* context) {
     static std::once_flag initialised;  // before it, the variables are not yet a thread's own
-    std::call_once(initialised, xmlInitParser);
+    std::call_once(initialised, [] {
+        ParserMemory::watch();
+        xmlInitParser();
+    });
     handlerBefore_ = xmlStructuredError;
     contextBefore_ = xmlStructuredErrorContext;
     printerBefore_ = xmlGenericError;

@@ -173,15 +173,16 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     writeWithProgress(bridge, *read.model, options, source, output, console, progress);
     progress.stop();
 
-    printLosses(read.losses, source.source.name(), console);
-    const RunSummary summary{source, read, output, Clock::now() - start};
-    const std::vector<std::string> typeSets = typeSetsOf(view, options);
-    printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),
-                       summaryData(summary, view, typeSets), console);
-    ExitCode code = concludeRun(read, source.source.name(), arguments, console);
-    if (check && concludeCheck(*check, output, console) != ExitCode::DONE) {
-        code = ExitCode::FINDINGS;
-    }
+    const ExitCode code = tellOfOutput(console, [&] {
+        printLosses(read.losses, source.source.name(), console);
+        const RunSummary summary{source, read, output, Clock::now() - start};
+        const std::vector<std::string> typeSets = typeSetsOf(view, options);
+        printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),
+                           summaryData(summary, view, typeSets), console);
+        const ExitCode conclusion = concludeRun(read, source.source.name(), arguments, console);
+        const bool isSound = !check || concludeCheck(*check, output, console) == ExitCode::DONE;
+        return isSound ? conclusion : ExitCode::FINDINGS;
+    });
     leaveToSystem(std::move(read.model));
     return code;
 }

@@ -1,14 +1,15 @@
 #include "ZORBridgeManager.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -71,20 +72,34 @@ auto guarded(const ZORString& bridge, const Work& work) {
     }
 }
 
-/// The folder of the library that this code is in. Found when the library is loaded: the path by which it was
+/// The library that this code is in. Found when the library is loaded: the path by which it was
 /// found may be relative to the folder in which the program was started.
-const fs::path OWN_FOLDER = [] {
-    Dl_info info{};
-    std::error_code error;
-    if (dladdr(&LIBRARY_SUFFIX, &info) == 0 || info.dli_fname == nullptr) {
-        return fs::path();
+struct OwnLibrary {
+    OwnLibrary() noexcept {
+        Dl_info info{};
+        if (dladdr(&LIBRARY_SUFFIX, &info) != 0 && info.dli_fname != nullptr &&
+            ::realpath(info.dli_fname, path) == nullptr) {
+            path[0] = '\0';
+        }
     }
-    return fs::canonical(info.dli_fname, error).parent_path();
-}();
+    char path[PATH_MAX] = {};  ///< of fixed size, for no failure could be told of here
+};
+
+const OwnLibrary OWN_LIBRARY;
 
 fs::path defaultFolder() {
     const char* chosen = std::getenv("ZOR_BRIDGE_PATH");
-    return chosen != nullptr && *chosen != '\0' ? fs::path(chosen) : OWN_FOLDER / ZOR_BRIDGE_SUBDIR;
+    return chosen != nullptr && *chosen != '\0'
+               ? fs::path(chosen)
+               : fs::path(OWN_LIBRARY.path).parent_path() / ZOR_BRIDGE_SUBDIR;
+}
+
+bool beginsLikeALibrary(const fs::path& file) noexcept {
+    char magic[4] = {};
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    const ssize_t count = ::read(descriptor, magic, sizeof magic);
+    ::close(descriptor);
+    return count == sizeof magic && std::string_view(magic, sizeof magic) == "\177ELF";
 }
 
 /// Refuses what the loader would say something unclear about, or would wait for.
@@ -105,9 +120,7 @@ void checkLibraryFile(const fs::path& file) {
         fail("The bridge library " + quote(file) +
              " cannot be read: " + std::generic_category().message(errno) + ".");
     }
-    char magic[4] = {};
-    std::ifstream(file, std::ios::binary).read(magic, sizeof magic);
-    if (std::string_view(magic, sizeof magic) != "\177ELF") {
+    if (!beginsLikeALibrary(file)) {
         fail(quote(file) + " is not a bridge: it is not a shared library.");
     }
 }
