@@ -6,6 +6,7 @@
 #include "DatabaseFile.h"
 #include "Script.h"
 #include "SqlTokens.h"
+#include "WellFormedTexts.h"
 
 namespace readers {
 
@@ -91,6 +92,10 @@ class DatabaseReader : public Reader {
         std::unique_ptr<ZORModel> model =
             buildModel(file.connection(), modelNameOf(source, request), request, monitor);
         file.assertUnchanged();
+        const sqlite::MendedTexts mended = sqlite::makeTextsWellFormed(*model);
+        if (mended.count > 0) {
+            context.warn(mended.first, mended.describe());
+        }
         return model;
     }
 
@@ -126,7 +131,10 @@ class ScriptReader : public Reader {
                                    ReadContext& context) const override {
         Monitor monitor(context);
         Script script(source.content(), monitor);
-        return buildModel(script.connection(), modelNameOf(source, request), request, monitor);
+        std::unique_ptr<ZORModel> model =
+            buildModel(script.connection(), modelNameOf(source, request), request, monitor);
+        sqlite::makeTextsWellFormed(*model);  // of which the script has warned
+        return model;
     }
 
   private:
