@@ -94,9 +94,17 @@ fs::path defaultFolder() {
                : fs::path(OWN_LIBRARY.path).parent_path() / ZOR_BRIDGE_SUBDIR;
 }
 
-bool beginsLikeALibrary(const fs::path& file) noexcept {
-    char magic[4] = {};
+[[noreturn]] void failUnreadable(const fs::path& file, int reason) {
+    fail("The bridge library " + quote(file) + " cannot be read: " + std::generic_category().message(reason) +
+         ".");
+}
+
+bool beginsLikeALibrary(const fs::path& file) {
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        failUnreadable(file, errno);
+    }
+    char magic[4] = {};
     const ssize_t count = ::read(descriptor, magic, sizeof magic);
     ::close(descriptor);
     return count == sizeof magic && std::string_view(magic, sizeof magic) == "\177ELF";
@@ -110,15 +118,10 @@ void checkLibraryFile(const fs::path& file) {
         if (reason == ENOENT || reason == ENOTDIR) {
             fail("There is no bridge library " + quote(file) + ".");
         }
-        fail("The bridge library " + quote(file) +
-             " cannot be read: " + std::generic_category().message(reason) + ".");
+        failUnreadable(file, reason);
     }
     if (!S_ISREG(status.st_mode)) {
         fail(quote(file) + " is not a bridge: it is not a file.");
-    }
-    if (::access(file.c_str(), R_OK) != 0) {
-        fail("The bridge library " + quote(file) +
-             " cannot be read: " + std::generic_category().message(errno) + ".");
     }
     if (!beginsLikeALibrary(file)) {
         fail(quote(file) + " is not a bridge: it is not a shared library.");
