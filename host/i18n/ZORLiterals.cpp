@@ -31,7 +31,6 @@ ZORString ZORTextParameters::createText() const {
 ZORString ZORMessageLiteral::getMessageId() const {
     const std::size_t digits = std::min(code_.length(), BLANK_GLOBAL_CODE.size());
     ZORString id = prefix_ + "_";
-    return id.append(severity_.view().substr(0, 1))
-        .append(BLANK_GLOBAL_CODE.substr(digits))
-        .append(code_.view());
+    id.append(severity_.view().substr(0, 1)).append(BLANK_GLOBAL_CODE.substr(digits)).append(code_.view());
+    return id;
 }

@@ -72,8 +72,8 @@ auto guarded(const ZORString& bridge, const Work& work) {
     }
 }
 
-/// The library that this code is in. Found when the library is loaded: the path by which it was
-/// found may be relative to the folder in which the program was started.
+/// The library that this code is in. Found when the library is loaded: the path by which it was found may be
+/// relative to the folder in which the program was started.
 struct OwnLibrary {
     OwnLibrary() noexcept {
         Dl_info info{};
