@@ -33,8 +33,10 @@ ZORBridge loadBridge() {
     try {
         return ZORBridgeManager().load(BRIDGE_NAME);
     } catch (const ZORException& error) {
-        throw Failure(ExitCode::OUTPUT_NOT_WRITTEN, {}, error.what(),
-                      "the environment variable ZOR_BRIDGE_PATH may name the folder of the bridge");
+        throw Failure(
+            ExitCode::OUTPUT_NOT_WRITTEN, {}, error.what(),
+            "the environment variable ZOR_BRIDGE_PATH names the folder of the bridge; unset, it is beside "
+            "the program's libraries");
     }
 }
 

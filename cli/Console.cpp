@@ -91,6 +91,15 @@ void Console::print(const Message& message) {
     writeAll(STDERR_FILENO, formatMessage(message, format_));
 }
 
+void Console::printWithoutMemory(std::string_view text) noexcept {
+    const bool isJson = format_ == LogFormat::JSON;
+    eraseProgressLine();
+    writeAll(STDERR_FILENO,
+             isJson ? R"({"level":"error","subject":"","where":"","id":"","text":")" : "oimbridge: error: ");
+    writeAll(STDERR_FILENO, text);
+    writeAll(STDERR_FILENO, isJson ? "\",\"hint\":\"\"}\n" : "\n");
+}
+
 bool Console::canShowProgress() const {
     return !isQuiet() && format_ == LogFormat::TEXT && ::isatty(STDERR_FILENO) == 1;
 }

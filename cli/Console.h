@@ -38,6 +38,9 @@ class Console {
 
     /// Prints the message, unless it is less than an error and the console is quiet.
     void print(const Message& message);
+    /// Prints an error of the program as a whole when there is no memory to form a message. The text holds
+    /// nothing that JSON would escape.
+    void printWithoutMemory(std::string_view text) noexcept;
     /// How many warnings and errors there have been, printed or not.
     std::uint64_t getFindingCount() const noexcept { return findings_; }
 

@@ -62,13 +62,15 @@ ExitCode runConvert(const Arguments& arguments, Console& console) {
     const std::uint64_t illFormed = writeDocument(*read.model, output, progress);
     progress.stop();
 
-    warnOfIllFormedTexts(illFormed, sourceName, console);
-    printLosses(read.losses, sourceName, console);
-    const RunSummary summary{source, read, output, Clock::now() - start};
-    printOutputSummary(sourceName, output,
-                       fmt::format("model \"{}\": {}", read.model->getName().view(), summary.figures()),
-                       summary.data([](JsonWriter& /*json*/) {}), console);
-    const ExitCode code = concludeRun(read, sourceName, arguments, console);
+    const ExitCode code = tellOfOutput(console, [&] {
+        warnOfIllFormedTexts(illFormed, sourceName, console);
+        printLosses(read.losses, sourceName, console);
+        const RunSummary summary{source, read, output, Clock::now() - start};
+        printOutputSummary(sourceName, output,
+                           fmt::format("model \"{}\": {}", read.model->getName().view(), summary.figures()),
+                           summary.data([](JsonWriter& /*json*/) {}), console);
+        return concludeRun(read, sourceName, arguments, console);
+    });
     leaveToSystem(std::move(read.model));
     return code;
 }

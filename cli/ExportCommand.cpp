@@ -113,8 +113,7 @@ ReadModel readForExport(const OpenedSource& source, const View& view, const Argu
     ReadModel read = readModel(source, arguments, console, progress,
                                isUml ? ZORViewsToCheck::ALL : ZORViewsToCheck::ALL_BUT_UML);
     requireContent(read, source, arguments);
-    requireWritableModelName(read.model->getName().view(), !arguments.modelName.empty(),
-                             source.source.name());
+    requireWritableModelName(read.model->getName().view(), source.source.name());
     return read;
 }
 
@@ -180,16 +179,17 @@ ExitCode runExport(const Arguments& arguments, Console& console) {
     writeWithProgress(bridge, *read.model, options, source, output, console, progress);
     progress.stop();
 
-    printLosses(read.losses, source.source.name(), console);
-    tellUnknownDataTypes(*read.model, view, options, source.source.name(), console);
-    const RunSummary summary{source, read, output, Clock::now() - start};
-    const std::vector<std::string> typeSets = typeSetsOf(view, options);
-    printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),
-                       summaryData(summary, view, typeSets), console);
-    ExitCode code = concludeRun(read, source.source.name(), arguments, console);
-    if (check && concludeCheck(*check, output, console) != ExitCode::DONE) {
-        code = ExitCode::FINDINGS;
-    }
+    const ExitCode code = tellOfOutput(console, [&] {
+        printLosses(read.losses, source.source.name(), console);
+        tellUnknownDataTypes(*read.model, view, options, source.source.name(), console);
+        const RunSummary summary{source, read, output, Clock::now() - start};
+        const std::vector<std::string> typeSets = typeSetsOf(view, options);
+        printOutputSummary(source.source.name(), output, summaryText(summary, view, typeSets),
+                           summaryData(summary, view, typeSets), console);
+        const ExitCode conclusion = concludeRun(read, source.source.name(), arguments, console);
+        const bool isSound = !check || concludeCheck(*check, output, console) == ExitCode::DONE;
+        return isSound ? conclusion : ExitCode::FINDINGS;
+    });
     leaveToSystem(std::move(read.model));
     return code;
 }

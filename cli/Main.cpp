@@ -1,5 +1,5 @@
 #include "Program.h"
 
 int main(int argc, char** argv) {
-    return cli::runProgram(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    return cli::runProgram({argv + (argc > 0 ? 1 : 0), argv + argc});
 }

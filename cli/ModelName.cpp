@@ -15,8 +15,9 @@ bool isWritable(const Utf8Character& character) {
            code != 0xFFFE && code != 0xFFFF;
 }
 
-/// What the name holds that a document cannot, or nothing.
-std::string findFault(std::string_view name) {
+}  // namespace
+
+std::string findModelNameFault(std::string_view name) {
     while (!name.empty()) {
         const Utf8Character character = decodeUtf8(name);
         if (!isWritable(character)) {
@@ -27,22 +28,14 @@ std::string findFault(std::string_view name) {
     return {};
 }
 
-}  // namespace
-
-void requireWritableModelName(std::string_view name, bool given, std::string_view sourceName) {
-    const std::string fault = findFault(name);
-    if (fault.empty()) {
-        return;
+void requireWritableModelName(std::string_view name, std::string_view sourceName) {
+    const std::string fault = findModelNameFault(name);
+    if (!fault.empty()) {
+        throw Failure(ExitCode::SOURCE_NOT_READ, std::string(sourceName),
+                      fmt::format("a document cannot hold the model's name \"{}\" because of the '{}' in it",
+                                  name, fault),
+                      "give the model another name with --model-name");
     }
-    if (given) {
-        throw Failure(
-            ExitCode::WRONG_USE, "--model-name",
-            fmt::format("a document cannot hold the name \"{}\" because of the '{}' in it", name, fault));
-    }
-    throw Failure(
-        ExitCode::SOURCE_NOT_READ, std::string(sourceName),
-        fmt::format("a document cannot hold the model's name \"{}\" because of the '{}' in it", name, fault),
-        "give the model another name with --model-name");
 }
 
 }  // namespace cli

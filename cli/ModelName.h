@@ -1,12 +1,15 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace cli {
 
-/// Throws Failure when a document of a model of this name would not be well-formed: the name goes into it as
-/// it is. `given` tells that the name comes from the command line; otherwise it is the source's,
-/// `sourceName`.
-void requireWritableModelName(std::string_view name, bool given, std::string_view sourceName);
+/// What the model's name holds that would make a document malformed, or nothing: the name goes into it as it
+/// is.
+std::string findModelNameFault(std::string_view name);
+
+/// Throws Failure when a document cannot hold the name that the source `sourceName` has for its model.
+void requireWritableModelName(std::string_view name, std::string_view sourceName);
 
 }  // namespace cli

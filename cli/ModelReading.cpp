@@ -99,6 +99,8 @@ std::unique_ptr<ZORModel> readWith(const OpenedSource& opened, const readers::Re
         progress, [&] { return fmt::format("{}: {} objects read", name, formatCount(context.objects())); });
     try {
         return opened.reader->read(opened.source, request, context);
+    } catch (const readers::WrongOption& error) {
+        throw Failure(ExitCode::WRONG_USE, "--" + error.option(), error.what(), error.hint());
     } catch (const readers::SourceError& error) {
         throw toFailure(error, name);
     } catch (const std::bad_alloc&) {

@@ -1,87 +1,31 @@
 #include "OptionTable.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
-#include <charconv>
 
-#include "Failure.h"
+#include "OptionValues.h"
 #include "Views.h"
 
 namespace cli {
 
 namespace {
 
-constexpr int WIDEST_INDENTATION = 16;
-
-[[noreturn]] void refuse(const OptionEntry& option, const std::string& text, std::string hint = {}) {
-    throw Failure(ExitCode::WRONG_USE, option.dashed(), text, std::move(hint));
-}
-
-/// For options whose value is one of the bridge's, taken as it is.
-void takeBridgeValue(Arguments& arguments, const OptionEntry& option, const std::string& value) {
-    arguments.bridgeOptions.push_back({option.bridgeOption, value, option.dashed()});
-}
-
-void takeView(Arguments& arguments, const OptionEntry& option, const std::string& value) {
-    takeBridgeValue(arguments, option, std::string(findViewByName(value)->bridgeValue));
-}
-
-std::string indentationOf(const OptionEntry& option, const std::string& value) {
-    if (value == "none") {
-        return {};
-    }
-    if (value == "tab") {
-        return "\t";
-    }
-    int width = -1;
-    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), width);
-    if (error != std::errc() || end != value.data() + value.size() || width < 0 ||
-        width > WIDEST_INDENTATION) {
-        refuse(option, fmt::format("\"{}\" is neither a number from 0 to {} nor \"tab\" nor \"none\"", value,
-                                   WIDEST_INDENTATION));
-    }
-    return std::string(static_cast<std::size_t>(width), ' ');
-}
-
-void takeIndent(Arguments& arguments, const OptionEntry& option, const std::string& value) {
-    takeBridgeValue(arguments, option, indentationOf(option, value));
-}
-
-void takeSetting(Arguments& arguments, const OptionEntry& option, const std::string& value) {
-    const std::size_t equals = value.find('=');
-    if (equals == std::string::npos || equals == 0) {
-        refuse(option, fmt::format("\"{}\" is not of the form \"NAME=VALUE\"", value),
-               "\"oimbridge options\" lists the names");
-    }
-    const std::string name = value.substr(0, equals);
-    if (name == "File") {
-        refuse(option, "the option \"File\" is what OUT says", "name the output as OUT or with --output");
-    }
-    arguments.bridgeOptions.push_back({name, value.substr(equals + 1), option.dashed()});
-}
-
-void takeReaderOption(Arguments& arguments, const OptionEntry& option, const std::string& value) {
-    arguments.readerOptions[option.name] = value;
-}
-
 void takePattern(std::vector<std::string>& patterns, const std::string& value) {
     patterns.push_back(value);
 }
 
 void appendOutputOptions(std::vector<OptionEntry>& table) {
-    table.push_back({.name = "output",
-                     .letter = 'o',
-                     .value = "OUT",
-                     .description = "the file to write, as the argument OUT; \"-\" is standard output",
-                     .group = OptionGroup::OUTPUT,
-                     .take = [](Arguments& arguments, const OptionEntry& option, const std::string& value) {
-                         if (arguments.output.has_value()) {
-                             refuse(option,
-                                    "the output is named twice, as the argument OUT and with this option");
-                         }
-                         arguments.output = value;
-                     }});
+    table.push_back(
+        {.name = "output",
+         .letter = 'o',
+         .value = "OUT",
+         .description = "the file to write, as the argument OUT; \"-\" is standard output",
+         .group = OptionGroup::OUTPUT,
+         .take = [](Arguments& arguments, const OptionEntry& option, const std::string& value) {
+             if (arguments.output.has_value()) {
+                 refuseValue(option, "the output is named twice, as the argument OUT and with this option");
+             }
+             arguments.output = value;
+         }});
     table.push_back({.name = "overwrite",
                      .description = "replace OUT when it exists",
                      .group = OptionGroup::OUTPUT,
@@ -127,7 +71,7 @@ void appendBridgeOptions(std::vector<OptionEntry>& table) {
                          "indent the document by so many blanks (0 to 16) per level, or by \"tab\" or "
                          "\"none\"; left out, none",
                      .group = OptionGroup::LAYOUT,
-                     .bridgeOption = "XML Indentation (pretty printing)",
+                     .bridgeOption = std::string(INDENTATION),
                      .take = takeIndent});
     table.push_back({.name = "set",
                      .value = "NAME=VALUE",
@@ -144,9 +88,7 @@ void appendSourceOptions(std::vector<OptionEntry>& table) {
                      .value = "NAME",
                      .description = "the name of the model; left out, the source's own",
                      .group = OptionGroup::SOURCE,
-                     .take = [](Arguments& arguments, const OptionEntry&, const std::string& value) {
-                         arguments.modelName = value;
-                     }});
+                     .take = takeModelName});
     for (const readers::Reader* reader : readers::allReaders()) {
         for (const readers::ReaderOption& option : reader->describe().options) {
             const bool known = std::any_of(table.begin(), table.end(), [&](const OptionEntry& entry) {

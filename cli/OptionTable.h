@@ -10,7 +10,7 @@ namespace cli {
 
 /// Options that a command takes or leaves together.
 enum class OptionGroup {
-    OUTPUT,     ///< where the file is written
+    OUTPUT,     ///< where what is written goes
     LAYOUT,     ///< how the document is laid out
     CHECK,      ///< whether the document is checked
     BRIDGE,     ///< what the bridge is told

@@ -188,7 +188,7 @@ bool OutputFile::makeTemporary() {
     if (file_.get() < 0) {
         return false;
     }
-    temporaryName_ = name;
+    temporaryName_ = std::move(name);  // which cannot fail, or the file would stay behind
     signals::registerTemporary(folder_.get(), temporaryName_);
     if (exists_) {
         // The owner can be kept by few users; the rights count in any case.

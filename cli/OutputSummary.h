@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <functional>
+#include <new>
 #include <string>
 
 #include "Arguments.h"
 #include "Console.h"
+#include "ExitCode.h"
 #include "Json.h"
 #include "ModelReading.h"
 #include "OutputFile.h"
@@ -35,6 +37,19 @@ struct RunSummary {
 /// programs, which get `data` (a JSON object) too.
 void printOutputSummary(const std::string& sourceName, const OutputFile& output, const std::string& text,
                         const std::string& data, Console& console);
+
+/// Lets `tell` say what there is to say of an output that is in place, and gives back its exit code. A lack
+/// of memory does not make the output unwritten any more: it is a finding.
+template <typename Tell>
+ExitCode tellOfOutput(Console& console, const Tell& tell) {
+    try {
+        return tell();
+    } catch (const std::bad_alloc&) {
+        console.printWithoutMemory(
+            "the output is written, but there is not enough memory to tell more of it");
+        return ExitCode::FINDINGS;
+    }
+}
 
 /// Taking millions of objects apart would only delay the end of the program. The model stays within reach, so
 /// that a check for leaks does not take it for one.

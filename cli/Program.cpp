@@ -1,11 +1,15 @@
 #include "Program.h"
 
 #include <new>
+#include <string>
+#include <vector>
 
+#include "BridgeLog.h"
 #include "CommandTable.h"
 #include "Failure.h"
 #include "Help.h"
 #include "Signals.h"
+#include "ZORException.h"
 #include "ZORFile.h"
 
 namespace cli {
@@ -28,31 +32,42 @@ ExitCode runCommand(const std::vector<std::string>& words, Console& console) {
     return arguments.command->run(arguments, console);
 }
 
-ExitCode report(Console& console, const Failure& failure) {
+void report(Console& console, const Failure& failure) {
     console.print({.level = Level::ERROR,
                    .subject = failure.subject(),
                    .id = failure.id(),
                    .text = failure.what(),
                    .hint = failure.hint()});
-    return failure.code();
+}
+
+/// Sets the code before anything is told: telling it takes memory, too.
+void runTellingFailures(std::span<const char* const> words, Console& console, ExitCode& code) {
+    try {
+        code = runCommand({words.begin(), words.end()}, console);
+    } catch (const Failure& failure) {
+        code = failure.code();
+        report(console, failure);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const ZORException& error) {
+        const auto [id, text] = splitMessageId(error.getText().view());
+        report(console, Failure(code, {}, id, text, {}));
+    } catch (const std::exception& error) {
+        report(console, Failure(code, {}, std::string("an unexpected error occurred: ") + error.what()));
+    }
 }
 
 }  // namespace
 
-int runProgram(const std::vector<std::string>& words) {
+int runProgram(std::span<const char* const> words) noexcept {
     signals::prepareProcess();
     ZORFile::setFlushPolicy(ZORFlushPolicy::BUFFER_FULL);
     Console console;
     ExitCode code = ExitCode::OUTPUT_NOT_WRITTEN;
     try {
-        code = runCommand(words, console);
-    } catch (const Failure& failure) {
-        code = report(console, failure);
-    } catch (const std::bad_alloc&) {
-        code = report(console, Failure(code, {}, "there is not enough memory"));
-    } catch (const std::exception& error) {
-        code =
-            report(console, Failure(code, {}, std::string("an unexpected error occurred: ") + error.what()));
+        runTellingFailures(words, console, code);
+    } catch (...) {
+        console.printWithoutMemory("there is not enough memory");
     }
     return static_cast<int>(code);
 }

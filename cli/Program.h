@@ -3,13 +3,12 @@
 // theirs.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <span>
 
 namespace cli {
 
 /// Runs the program on the words of its command line, without its own name. Gives back the exit code;
 /// whatever goes wrong has been told to the user by then.
-int runProgram(const std::vector<std::string>& words);
+int runProgram(std::span<const char* const> words) noexcept;
 
 }  // namespace cli

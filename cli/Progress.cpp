@@ -1,5 +1,7 @@
 #include "Progress.h"
 
+#include <new>
+
 #include "Signals.h"
 
 namespace cli {
@@ -35,13 +37,22 @@ void Progress::stop() {
     }
 }
 
+/// Without memory for the line there is none: the work itself will tell.
+void Progress::showOnce() noexcept {
+    try {
+        if (describe_) {
+            console_.showProgress(describe_());
+        }
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
 void Progress::run(const std::stop_token& token) {
     std::unique_lock lock(mutex_);
     std::chrono::milliseconds delay = firstDelay_;
     while (!wake_.wait_for(lock, token, delay, [&] { return token.stop_requested(); })) {
-        if (describe_) {
-            console_.showProgress(describe_());
-        }
+        showOnce();
         delay = INTERVAL;
     }
 }

@@ -41,6 +41,7 @@ class Progress {
   private:
     void show(std::function<std::string()> describe);
     void run(const std::stop_token& stop);
+    void showOnce() noexcept;
 
     Console& console_;
     std::chrono::milliseconds firstDelay_;

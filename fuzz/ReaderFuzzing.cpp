@@ -60,7 +60,7 @@ std::string exportModel(ZORModel& model, const std::map<std::string, std::string
     bridge.getOptionList(options);
     options.setValue("File", "memory");
     for (const auto& [name, value] : settings) {
-        options.setValue(name.c_str(), value.c_str());
+        options.setValue(std::string_view(name), std::string_view(value));
     }
     std::string document;
     ZORFile::setSinkOpener([&](const ZORString&) { return std::make_unique<StringSink>(document); });

@@ -1,5 +1,5 @@
 // messages/: every text that the bridge shows to a user: its messages and what describes its options, as
-// literals that are built when the library is loaded. Who says what when is decided where the literals are
+// literals that stand ready in the library. Who says what when is decided where the literals are
 // used; the classes of literals and the messages that all bridges share are the host's.
 #pragma once
 
@@ -17,14 +17,17 @@ class QLT_SQMDC {
     class TextInstance : public ZORTextLiteral {
       public:
         using ZORTextLiteral::ZORTextLiteral;
+        constexpr ~TextInstance() override {}
     };
     /// A message of this catalogue with as many arguments as there are `ZORString`s; they fill "{0}" to
     /// "{2}".
     template <typename... Arguments>
     class MessageOf : public ZORMessageLiteralOf<Arguments...> {
       public:
-        MessageOf(const char* key, const char* code, const char* text, const char* severity)
-            : ZORMessageLiteralOf<Arguments...>(key, PREFIX, code, text, severity) {}
+        constexpr MessageOf(ZORString key, ZORString code, ZORString text, ZORString severity) noexcept
+            : ZORMessageLiteralOf<Arguments...>(std::move(key), "QLT_SQMDC"_text, std::move(code),
+                                                std::move(text), std::move(severity)) {}
+        constexpr ~MessageOf() override = default;
     };
     using MessageInstance = MessageOf<>;
     using MessageInstance_String = MessageOf<ZORString>;

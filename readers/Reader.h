@@ -38,6 +38,18 @@ class SourceError : public std::runtime_error {
     std::string hint_;
 };
 
+/// The value of one of the reader's options is no good; `what` does not name the option.
+class WrongOption : public SourceError {
+  public:
+    WrongOption(std::string option, const std::string& what, std::string hint)
+        : SourceError(Kind::WRONG_OPTION, what, std::move(hint)), option_(std::move(option)) {}
+    /// Without dashes.
+    const std::string& option() const noexcept { return option_; }
+
+  private:
+    std::string option_;
+};
+
 /// What a reader met and the model cannot hold.
 class LossReport {
   public:

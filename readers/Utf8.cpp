@@ -2,6 +2,8 @@
 
 #include <simdjson.h>
 
+#include "SimdjsonStart.h"
+
 namespace readers {
 
 namespace {
@@ -33,6 +35,7 @@ std::size_t characterLength(std::string_view text, bool& isWellFormed) {
 }  // namespace
 
 bool isUtf8(std::string_view text) {
+    startSimdjson();
     return simdjson::validate_utf8(text.data(), text.size());
 }
 

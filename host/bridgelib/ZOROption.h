@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ZORLiterals.h"
+#include "ZORVector.h"
 
 /// An option of a bridge as the host presents it, with its present value. It holds copies of the catalogue's
 /// texts and outlives the bridge's library.

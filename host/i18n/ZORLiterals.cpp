@@ -28,32 +28,9 @@ ZORString ZORTextParameters::createText() const {
     return result.append(rest);
 }
 
-ZORMessageLiteral::ZORMessageLiteral(const char* key, const ZORString& prefix, const char* code,
-                                     const char* text, const char* severity)
-    : ZORTextLiteral(key, text), code_(code), severity_(severity), messageId_(prefix) {
+ZORString ZORMessageLiteral::getMessageId() const {
     const std::size_t digits = std::min(code_.length(), BLANK_GLOBAL_CODE.size());
-    messageId_.append('_')
-        .append(severity_.view().substr(0, 1))
-        .append(BLANK_GLOBAL_CODE.substr(digits))
-        .append(code_.view());
+    ZORString id = prefix_ + "_";
+    id.append(severity_.view().substr(0, 1)).append(BLANK_GLOBAL_CODE.substr(digits)).append(code_.view());
+    return id;
 }
-
-ZORBridgeOptionEnumerationLiteral::ZORBridgeOptionEnumerationLiteral(
-    const char* key, const ZORBridgeEnumValueLiteral* const* values)
-    : ZORTextLiteral(key, "") {
-    for (; *values != nullptr; ++values) {
-        values_.append(*values);
-    }
-}
-
-ZORBridgeSpecificationLiteral::ZORBridgeSpecificationLiteral(const char* bridgeId, const char* descriptionId,
-                                                             const char* toolWebReference,
-                                                             const char* vendorName, const char* toolName,
-                                                             const char* toolVersions,
-                                                             const char* methodologySummary)
-    : ZORTextLiteral(bridgeId, descriptionId),
-      toolWebReference_(toolWebReference),
-      vendorName_(vendorName),
-      toolName_(toolName),
-      toolVersions_(toolVersions),
-      methodologySummary_(methodologySummary) {}

@@ -2,16 +2,19 @@
 
 #include <array>
 #include <cstddef>
+#include <utility>
 
 #include "ZORException.h"
 #include "ZORLog.h"
-#include "ZORVector.h"
 
-/// A catalogue entry: a key and a text that may hold the placeholders "{0}", "{1}" and "{2}".
+/// A catalogue entry: a key and a text that may hold the placeholders "{0}", "{1}" and "{2}". The entries of
+/// a catalogue are made of `"..."_text` and are `constexpr`: loading the library then takes no memory for
+/// them.
 class ZORTextLiteral {
   public:
-    ZORTextLiteral(const char* key, const char* text) : key_(key), text_(text) {}
-    virtual ~ZORTextLiteral() = default;
+    constexpr ZORTextLiteral(ZORString key, ZORString text) noexcept
+        : key_(std::move(key)), text_(std::move(text)) {}
+    constexpr virtual ~ZORTextLiteral() = default;
     ZORTextLiteral(const ZORTextLiteral&) = delete;
     ZORTextLiteral& operator=(const ZORTextLiteral&) = delete;
 
@@ -42,19 +45,24 @@ class ZORTextParameters {
 /// A message of a catalogue, with its identifier: prefix, "_", the first letter of the severity, four digits.
 class ZORMessageLiteral : public ZORTextLiteral {
   public:
-    ZORMessageLiteral(const char* key, const ZORString& prefix, const char* code, const char* text,
-                      const char* severity);
+    constexpr ZORMessageLiteral(ZORString key, ZORString prefix, ZORString code, ZORString text,
+                                ZORString severity) noexcept
+        : ZORTextLiteral(std::move(key), std::move(text)),
+          prefix_(std::move(prefix)),
+          code_(std::move(code)),
+          severity_(std::move(severity)) {}
+    constexpr ~ZORMessageLiteral() override {}
 
     const ZORString& getCode() const noexcept { return code_; }
     /// The severity as the catalogue's word.
     const ZORString& getSeverity() const noexcept { return severity_; }
     /// For example "QLT_SQMDC_F0002".
-    const ZORString& getMessageId() const noexcept { return messageId_; }
+    ZORString getMessageId() const;
 
   private:
+    ZORString prefix_;
     ZORString code_;
     ZORString severity_;
-    ZORString messageId_;
 };
 
 /// The four things one does with a message that takes the given arguments, each a `const ZORString&`.
@@ -62,6 +70,7 @@ template <typename... Arguments>
 class ZORMessageLiteralOf : public ZORMessageLiteral {
   public:
     using ZORMessageLiteral::ZORMessageLiteral;
+    constexpr ~ZORMessageLiteralOf() override = default;
 
     /// The text with its placeholders filled.
     ZORString toString(const Arguments&... arguments) const {
@@ -88,19 +97,28 @@ class ZORMessageLiteralOf : public ZORMessageLiteral {
 class ZORBridgeEnumValueLiteral : public ZORTextLiteral {
   public:
     using ZORTextLiteral::ZORTextLiteral;
+    constexpr ~ZORBridgeEnumValueLiteral() override {}
 };
 
 /// The ordered list of the values that an option permits.
 class ZORBridgeOptionEnumerationLiteral : public ZORTextLiteral {
   public:
     /// `values` ends with a null pointer and lives as long as the catalogue.
-    ZORBridgeOptionEnumerationLiteral(const char* key, const ZORBridgeEnumValueLiteral* const* values);
+    constexpr ZORBridgeOptionEnumerationLiteral(ZORString key,
+                                                const ZORBridgeEnumValueLiteral* const* values) noexcept
+        : ZORTextLiteral(std::move(key), ZORString()), values_(values) {
+        while (values_[size_] != nullptr) {
+            ++size_;
+        }
+    }
+    constexpr ~ZORBridgeOptionEnumerationLiteral() override {}
 
-    std::size_t size() const noexcept { return values_.size(); }
+    std::size_t size() const noexcept { return size_; }
     const ZORBridgeEnumValueLiteral& operator[](std::size_t index) const noexcept { return *values_[index]; }
 
   private:
-    ZORVector<const ZORBridgeEnumValueLiteral*> values_;
+    const ZORBridgeEnumValueLiteral* const* values_;
+    std::size_t size_ = 0;
 };
 
 /// An option of a bridge; its key is the internal name.
@@ -108,14 +126,16 @@ class ZORBridgeOptionLiteral : public ZORTextLiteral {
   public:
     /// `type` is "File", "Enumerated", "Boolean" or "String"; `enumeration` may be null. The default is the
     /// text of a text literal or of an enumeration value.
-    ZORBridgeOptionLiteral(const char* key, const char* displayName, const char* type,
-                           const char* description, const ZORBridgeOptionEnumerationLiteral* enumeration,
-                           const ZORTextLiteral& defaultValue)
-        : ZORTextLiteral(key, displayName),
-          type_(type),
-          description_(description),
+    constexpr ZORBridgeOptionLiteral(ZORString key, ZORString displayName, ZORString type,
+                                     ZORString description,
+                                     const ZORBridgeOptionEnumerationLiteral* enumeration,
+                                     const ZORTextLiteral& defaultValue) noexcept
+        : ZORTextLiteral(std::move(key), std::move(displayName)),
+          type_(std::move(type)),
+          description_(std::move(description)),
           enumeration_(enumeration),
           default_(defaultValue) {}
+    constexpr ~ZORBridgeOptionLiteral() override {}
 
     const ZORString& getDisplayName() const noexcept { return getText(); }
     const ZORString& getType() const noexcept { return type_; }
@@ -133,9 +153,17 @@ class ZORBridgeOptionLiteral : public ZORTextLiteral {
 /// What the host knows of a bridge; its key is the bridge's identifier.
 class ZORBridgeSpecificationLiteral : public ZORTextLiteral {
   public:
-    ZORBridgeSpecificationLiteral(const char* bridgeId, const char* descriptionId,
-                                  const char* toolWebReference, const char* vendorName, const char* toolName,
-                                  const char* toolVersions, const char* methodologySummary);
+    constexpr ZORBridgeSpecificationLiteral(ZORString bridgeId, ZORString descriptionId,
+                                            ZORString toolWebReference, ZORString vendorName,
+                                            ZORString toolName, ZORString toolVersions,
+                                            ZORString methodologySummary) noexcept
+        : ZORTextLiteral(std::move(bridgeId), std::move(descriptionId)),
+          toolWebReference_(std::move(toolWebReference)),
+          vendorName_(std::move(vendorName)),
+          toolName_(std::move(toolName)),
+          toolVersions_(std::move(toolVersions)),
+          methodologySummary_(std::move(methodologySummary)) {}
+    constexpr ~ZORBridgeSpecificationLiteral() override {}
 
     /// The key of the text, in the bridge's own catalogue, that describes the bridge.
     const ZORString& getDescriptionId() const noexcept { return getText(); }

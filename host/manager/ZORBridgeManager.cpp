@@ -1,14 +1,15 @@
 #include "ZORBridgeManager.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -71,20 +72,42 @@ auto guarded(const ZORString& bridge, const Work& work) {
     }
 }
 
-/// The folder of the library that this code is in. Found when the library is loaded: the path by which it was
-/// found may be relative to the folder in which the program was started.
-const fs::path OWN_FOLDER = [] {
-    Dl_info info{};
-    std::error_code error;
-    if (dladdr(&LIBRARY_SUFFIX, &info) == 0 || info.dli_fname == nullptr) {
-        return fs::path();
+/// The library that this code is in. Found when the library is loaded: the path by which it was found may be
+/// relative to the folder in which the program was started.
+struct OwnLibrary {
+    OwnLibrary() noexcept {
+        Dl_info info{};
+        if (dladdr(&LIBRARY_SUFFIX, &info) != 0 && info.dli_fname != nullptr &&
+            ::realpath(info.dli_fname, path) == nullptr) {
+            path[0] = '\0';
+        }
     }
-    return fs::canonical(info.dli_fname, error).parent_path();
-}();
+    char path[PATH_MAX] = {};  ///< of fixed size, for no failure could be told of here
+};
+
+const OwnLibrary OWN_LIBRARY;
 
 fs::path defaultFolder() {
     const char* chosen = std::getenv("ZOR_BRIDGE_PATH");
-    return chosen != nullptr && *chosen != '\0' ? fs::path(chosen) : OWN_FOLDER / ZOR_BRIDGE_SUBDIR;
+    return chosen != nullptr && *chosen != '\0'
+               ? fs::path(chosen)
+               : fs::path(OWN_LIBRARY.path).parent_path() / ZOR_BRIDGE_SUBDIR;
+}
+
+[[noreturn]] void failUnreadable(const fs::path& file, int reason) {
+    fail("The bridge library " + quote(file) + " cannot be read: " + std::generic_category().message(reason) +
+         ".");
+}
+
+bool beginsLikeALibrary(const fs::path& file) {
+    const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        failUnreadable(file, errno);
+    }
+    char magic[4] = {};
+    const ssize_t count = ::read(descriptor, magic, sizeof magic);
+    ::close(descriptor);
+    return count == sizeof magic && std::string_view(magic, sizeof magic) == "\177ELF";
 }
 
 /// Refuses what the loader would say something unclear about, or would wait for.
@@ -95,19 +118,12 @@ void checkLibraryFile(const fs::path& file) {
         if (reason == ENOENT || reason == ENOTDIR) {
             fail("There is no bridge library " + quote(file) + ".");
         }
-        fail("The bridge library " + quote(file) +
-             " cannot be read: " + std::generic_category().message(reason) + ".");
+        failUnreadable(file, reason);
     }
     if (!S_ISREG(status.st_mode)) {
         fail(quote(file) + " is not a bridge: it is not a file.");
     }
-    if (::access(file.c_str(), R_OK) != 0) {
-        fail("The bridge library " + quote(file) +
-             " cannot be read: " + std::generic_category().message(errno) + ".");
-    }
-    char magic[4] = {};
-    std::ifstream(file, std::ios::binary).read(magic, sizeof magic);
-    if (std::string_view(magic, sizeof magic) != "\177ELF") {
+    if (!beginsLikeALibrary(file)) {
         fail(quote(file) + " is not a bridge: it is not a shared library.");
     }
 }
@@ -122,7 +138,7 @@ std::string describeLoadError(const fs::path& file) {
 /// What may have been meant, else what there is to choose from.
 std::string describeKnown(const std::string& name, const std::vector<ZORString>& known) {
     if (known.empty()) {
-        return " It holds no bridge at all; the environment variable ZOR_BRIDGE_PATH names another folder.";
+        return " It holds no bridge at all.";
     }
     const std::vector<std::string_view> candidates(known.begin(), known.end());
     std::string sentence = describeNearest(name, candidates);
@@ -136,6 +152,17 @@ std::string describeKnown(const std::string& name, const std::vector<ZORString>&
         sentence += ".";
     }
     return sentence;
+}
+
+void requireFolder(const fs::path& folder) {
+    std::error_code error;
+    if (fs::is_directory(folder, error)) {
+        return;
+    }
+    if (error == std::errc::permission_denied) {
+        fail("The folder " + quote(folder) + " cannot be looked into for bridges: " + error.message() + ".");
+    }
+    fail("There is no folder " + quote(folder) + " to look for bridges in.");
 }
 
 void requireSound(ZORModel& model, const ZOROptionList& options) {
@@ -270,6 +297,7 @@ ZORBridge ZORBridgeManager::load(const ZORString& nameOrFile) const {
     if (name.find('/') == std::string::npos) {
         file = fs::absolute(fs::path(folder_.c_str()) / ("libZOR" + name + ".so"));
         if (std::error_code error; !fs::exists(file, error)) {
+            requireFolder(folder_.c_str());
             fail("There is no bridge \"" + name + "\" in the folder " + quote(folder_.c_str()) + "." +
                  describeKnown(name, listBridges()));
         }

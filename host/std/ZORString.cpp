@@ -58,13 +58,13 @@ ZORString& ZORString::operator=(const ZORString& other) {
 }
 
 void ZORString::reserve(std::size_t count) {
-    if (block_ != nullptr && block_->capacity >= count) {
+    if (count == 0 || (block_ != nullptr && block_->capacity >= count)) {
         return;
     }
-    Block* grown = allocate(count);
+    Block* grown = allocate(std::max(count, length()));
     std::memcpy(bytes(grown), c_str(), length() + 1);
     grown->length = static_cast<std::uint32_t>(length());
-    release();
+    clear();
     block_ = grown;
 }
 
@@ -80,7 +80,7 @@ ZORString& ZORString::append(std::string_view text) {
         Block* grown = allocate(std::max(after, roomy));
         std::memcpy(bytes(grown), c_str(), before);
         std::memcpy(bytes(grown) + before, text.data(), text.size());
-        release();
+        clear();
         block_ = grown;
     } else {
         std::memmove(bytes(block_) + before, text.data(), text.size());
@@ -90,15 +90,22 @@ ZORString& ZORString::append(std::string_view text) {
     return *this;
 }
 
-void ZORString::truncate(std::size_t count) noexcept {
-    if (count < length()) {
+void ZORString::truncate(std::size_t count) {
+    if (count >= length()) {
+        return;
+    }
+    if (!isAllocated()) {
+        *this = ZORString(view().substr(0, count));
+    } else {
         block_->length = static_cast<std::uint32_t>(count);
         bytes(block_)[count] = '\0';
     }
 }
 
 void ZORString::clear() noexcept {
-    release();
+    if (isAllocated()) {
+        release();
+    }
     block_ = nullptr;
 }
 

@@ -11,6 +11,18 @@
 #include <string_view>
 #include <utility>
 
+namespace zor {
+
+/// The characters of a string literal as a template argument.
+template <std::size_t N>
+struct LiteralText {
+    static constexpr std::size_t LENGTH = N - 1;
+    char text[N];
+    consteval LiteralText(const char (&literal)[N]) { std::copy_n(literal, N, text); }
+};
+
+}  // namespace zor
+
 /// A counted byte string, in practice UTF-8 text.
 ///
 /// An empty string holds no memory beyond its one pointer, so that model objects with many unset texts stay
@@ -25,15 +37,24 @@ class ZORString {
     ZORString(const char* bytes, std::size_t count) : ZORString(std::string_view(bytes, count)) {}
     /// The number in decimal, with a leading "-" when it is negative.
     explicit ZORString(int number);
+    /// A text that stands in the library itself, made without a step at run time: what `"..."_text` gives.
+    template <zor::LiteralText Text>
+    static constexpr ZORString ofLiteral() noexcept {
+        return Text.LENGTH == 0 ? ZORString() : ZORString(const_cast<Block*>(&literalBlock<Text>.header));
+    }
 
     ZORString(const ZORString& other) : ZORString(other.view()) {}
-    ZORString(ZORString&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    constexpr ZORString(ZORString&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     ZORString& operator=(const ZORString& other);
     ZORString& operator=(ZORString&& other) noexcept {
         std::swap(block_, other.block_);
         return *this;
     }
-    ~ZORString() { release(); }
+    constexpr ~ZORString() {
+        if (isAllocated()) {
+            release();
+        }
+    }
 
     /// Length in bytes.
     std::size_t length() const noexcept { return block_ == nullptr ? 0 : block_->length; }
@@ -48,7 +69,7 @@ class ZORString {
     ZORString& append(char character) { return append(std::string_view(&character, 1)); }
     ZORString& operator+=(std::string_view text) { return append(text); }
     /// Shortens the string to its first `count` bytes; does nothing when it is not longer than that.
-    void truncate(std::size_t count) noexcept;
+    void truncate(std::size_t count);
     /// Makes room for `count` bytes, so that appending up to that length does not allocate.
     void reserve(std::size_t count);
     void clear() noexcept;
@@ -62,8 +83,18 @@ class ZORString {
   private:
     struct Block {
         std::uint32_t length;
-        std::uint32_t capacity;
+        std::uint32_t capacity;  ///< 0 for a literal's, which is neither written to nor freed
     };
+    template <zor::LiteralText Text>
+    struct LiteralBlock {
+        Block header{Text.LENGTH, 0};
+        decltype(Text) text = Text;
+    };
+    template <zor::LiteralText Text>
+    static constexpr LiteralBlock<Text> literalBlock{};
+
+    constexpr explicit ZORString(Block* block) noexcept : block_(block) {}
+    constexpr bool isAllocated() const noexcept { return block_ != nullptr && block_->capacity != 0; }
     static char* bytes(Block* block) noexcept { return reinterpret_cast<char*>(block + 1); }
     static Block* allocate(std::size_t capacity);
     void release() noexcept;
@@ -85,23 +116,24 @@ struct std::hash<ZORString> {
     std::size_t operator()(const ZORString& text) const noexcept { return stringHashCode(text.view()); }
 };
 
+/// A ZORString of the literal's characters that takes no memory and cannot fail: `"File"_text`. For
+/// constants; a copy has memory of its own, so that it may outlive the library, but what is moved from one
+/// may not.
+template <zor::LiteralText Text>
+constexpr ZORString operator""_text() noexcept {
+    return ZORString::ofLiteral<Text>();
+}
+
 namespace zor {
 
-/// The characters of a string literal as a template argument.
-template <std::size_t N>
-struct LiteralText {
-    char text[N];
-    consteval LiteralText(const char (&literal)[N]) { std::copy_n(literal, N, text); }
-};
-
 template <LiteralText Text>
-inline const ZORString literalString{std::string_view(Text.text, sizeof(Text.text) - 1)};
+inline constexpr ZORString literalString = ZORString::ofLiteral<Text>();
 
 }  // namespace zor
 
-/// A ZORString that is made once, when the library is loaded: `"dbm:LogicalTable"_z`. For names that are
-/// passed by `const ZORString&` in hot code; not to be used while other static objects are being built.
+/// Such a string that stands in the library already: `"dbm:LogicalTable"_z`. For names that are passed by
+/// `const ZORString&` in hot code.
 template <zor::LiteralText Text>
-const ZORString& operator""_z() noexcept {
+constexpr const ZORString& operator""_z() noexcept {
     return zor::literalString<Text>;
 }

@@ -2,6 +2,7 @@
 
 #include "Builder.h"
 #include "Refusal.h"
+#include "SimdjsonStart.h"
 
 namespace readers {
 
@@ -10,6 +11,7 @@ namespace {
 constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 std::unique_ptr<ZORModel> buildModel(std::string_view text, ReadContext& context) {
+    startSimdjson();
     try {
         return document::Builder(text, context).build();
     } catch (const document::Refusal& refusal) {

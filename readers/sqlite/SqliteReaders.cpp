@@ -6,6 +6,7 @@
 #include "DatabaseFile.h"
 #include "Script.h"
 #include "SqlTokens.h"
+#include "WellFormedTexts.h"
 
 namespace readers {
 
@@ -29,8 +30,8 @@ int patienceOf(const ReadRequest& request) {
     int milliseconds = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
     if (result.ec != std::errc() || result.ptr != text.data() + text.size() || milliseconds < 0) {
-        throw SourceError(SourceError::Kind::WRONG_OPTION, "\"" + text + "\" is no value for " + PATIENCE,
-                          "give a number of milliseconds, such as " + std::string(USUAL_PATIENCE));
+        throw WrongOption(PATIENCE, "\"" + text + "\" is no number of milliseconds",
+                          "give a whole one that is not negative, such as " + std::string(USUAL_PATIENCE));
     }
     return milliseconds;
 }
@@ -91,6 +92,10 @@ class DatabaseReader : public Reader {
         std::unique_ptr<ZORModel> model =
             buildModel(file.connection(), modelNameOf(source, request), request, monitor);
         file.assertUnchanged();
+        const sqlite::MendedTexts mended = sqlite::makeTextsWellFormed(*model);
+        if (mended.count > 0) {
+            context.warn(mended.first, mended.describe());
+        }
         return model;
     }
 
@@ -126,7 +131,10 @@ class ScriptReader : public Reader {
                                    ReadContext& context) const override {
         Monitor monitor(context);
         Script script(source.content(), monitor);
-        return buildModel(script.connection(), modelNameOf(source, request), request, monitor);
+        std::unique_ptr<ZORModel> model =
+            buildModel(script.connection(), modelNameOf(source, request), request, monitor);
+        sqlite::makeTextsWellFormed(*model);  // of which the script has warned
+        return model;
     }
 
   private:

@@ -35,6 +35,30 @@ TEST_F(Convert, GivesAModelWhoseExportIsTheSameInEveryView) {
     }
 }
 
+TEST_F(Convert, GivesAModelWhoseExportIsTheSameThoughNamesAreNotUtf8) {
+    makeDatabase(scratch / "odd.db",
+                 "CREATE TABLE \"a\xff\" (id INTEGER PRIMARY KEY, \"n\xe9\" TEXT, \"n\xe8\" TEXT UNIQUE);"
+                 "CREATE TABLE \"a\xfe\" (x TEXT REFERENCES \"a\xff\" (\"n\xe8\"), y \"T\xff\", z \"T\xfe\");"
+                 "CREATE INDEX \"i\xff\" ON \"a\xff\" (\"n\xe9\");"
+                 "CREATE VIEW \"v\xff\" AS SELECT \"n\xe9\" FROM \"a\xff\";");
+    const Result saved = run(scratch, {"convert", "odd.db", "odd.model.json"});
+    EXPECT_EQ(saved.exitCode, 0);
+    EXPECT_THAT(saved.err,
+                MatchesRegex("oimbridge: warning: odd.db: [^\n]*: here, and in [0-9]+ other texts, "
+                             "U\\+FFFD stands for what is not UTF-8\n"));
+    EXPECT_THAT(saved.out, HasSubstr("2 tables"));
+    for (const std::string view : {"uml", "erd", "dbm", "erd+dbm"}) {
+        for (const std::string source : {"odd.db", "odd.model.json"}) {
+            const Result result =
+                run(scratch, Setting{.arguments = {"export", source, source + ".xml", "--view", view,
+                                                   "--dbm-typeset", "Oracle 8.x", "--overwrite", "--check"},
+                                     .environment = {{"SOURCE_DATE_EPOCH", "0"}}});
+            ASSERT_EQ(result.exitCode, 0) << result.err;
+        }
+        EXPECT_EQ(scratch.read("odd.model.json.xml"), scratch.read("odd.db.xml")) << view;
+    }
+}
+
 TEST_F(Convert, OfASavedModelGivesTheSameFile) {
     ASSERT_EQ(run(scratch, {"convert", "shop.sql", "a.model.json"}).exitCode, 0);
     ASSERT_EQ(run(scratch, {"convert", "a.model.json", "b.model.json"}).exitCode, 0);
@@ -113,10 +137,11 @@ TEST_F(Convert, LeavesTheEarlierFileWhenTheDiskIsFull) {
 }
 
 TEST_F(Convert, WarnsOfTextsThatAreNotUtf8) {
-    const Result result = run(scratch, {"convert", "shop.sql", "out.model.json", "--model-name", "a\xff"});
+    scratch.write("a\xff.sql", SHOP_SQL);
+    const Result result = run(scratch, {"convert", "a\xff.sql", "out.model.json"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_THAT(result.err,
-                StartsWith("oimbridge: warning: shop.sql: 2 texts are not UTF-8: U+FFFD stands for what "
+                StartsWith("oimbridge: warning: a\\xff.sql: 2 texts are not UTF-8: U+FFFD stands for what "
                            "is ill-formed\n"));
     EXPECT_THAT(scratch.read("out.model.json"), HasSubstr("\"name\": \"a\xEF\xBF\xBD\""));
 }

@@ -127,18 +127,26 @@ TEST_F(ExitCode, Is4WhenTheModelsNameMakesTheDocumentMalformed) {
 }
 
 TEST_F(ExitCode, Is2WhenTheNameGivenMakesTheDocumentMalformed) {
-    const Result result = run(scratch, {"export", "shop.sql", "out.xml", "--model-name", "R&D"});
-    EXPECT_EQ(
-        result.err,
-        "oimbridge: error: --model-name: a document cannot hold the name \"R&D\" because of the '&' in it\n");
-    EXPECT_EQ(result.exitCode, 2);
+    for (const char* command : {"export", "convert", "inspect"}) {
+        const Result result = run(scratch, {command, "shop.sql", "--model-name", "R&D"});
+        EXPECT_EQ(
+            result.err,
+            "oimbridge: error: --model-name: a document cannot hold the name \"R&D\" because of the '&' "
+            "in it\n");
+        EXPECT_EQ(result.exitCode, 2);
+    }
+    EXPECT_THAT(scratch.list(), ElementsAre("m.model.json", "shop.sql"));
 }
 
 TEST_F(ExitCode, Is5WhenTheBridgeCannotBeLoaded) {
     const Result result = run(scratch, Setting{.arguments = {"export", "shop.sql"},
                                                .environment = {{"ZOR_BRIDGE_PATH", scratch / "nowhere"}}});
     EXPECT_EQ(result.exitCode, 5);
-    EXPECT_THAT(result.err, HasSubstr("$TMPDIR/nowhere"));
+    EXPECT_EQ(
+        result.err,
+        "oimbridge: error: There is no folder \"$TMPDIR/nowhere\" to look for bridges in.\n"
+        "hint: the environment variable ZOR_BRIDGE_PATH names the folder of the bridge; unset, it is beside "
+        "the program's libraries\n");
     EXPECT_FALSE(scratch.exists("shop.xml"));
 }
 

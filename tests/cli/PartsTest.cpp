@@ -139,14 +139,13 @@ TEST(FindTypeSet, FitsTheDatabaseOfTheSource) {
 
 TEST(ModelName, ThatADocumentCanHoldPasses) {
     for (const std::string name : {"", "Shop", "it's > 1", "Größe 表 😀"}) {
-        EXPECT_NO_THROW(requireWritableModelName(name, false, "s")) << name;
+        EXPECT_NO_THROW(requireWritableModelName(name, "s")) << name;
     }
 }
 
 TEST(ModelName, ThatADocumentCannotHoldIsRefused) {
     for (const std::string name : {"a\"b", "a&b", "a<b", "a\nb", "a\x01", "\xff", "\xEF\xBF\xBE"}) {
-        EXPECT_THROW(requireWritableModelName(name, false, "s"), Failure) << name;
-        EXPECT_THROW(requireWritableModelName(name, true, "s"), Failure) << name;
+        EXPECT_THROW(requireWritableModelName(name, "s"), Failure) << name;
     }
 }
 

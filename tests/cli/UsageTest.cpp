@@ -2,9 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "CommandTable.h"
 #include "ProgramRunner.h"
 #include "Sources.h"
 
@@ -148,6 +145,14 @@ INSTANTIATE_TEST_SUITE_P(
             {"convert", "shop.sql", "--view", "dbm"},
             error("--view: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
         UsageCase{
+            "IndentOfConvert",
+            {"convert", "shop.sql", "--indent", "2"},
+            error("--indent: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
+            "IndentOfInspect",
+            {"inspect", "shop.sql", "--indent=2"},
+            error("--indent: \"inspect\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
+        UsageCase{
             "CheckOfConvert",
             {"convert", "shop.sql", "--check"},
             error("--check: \"convert\" takes no such option") + "hint: \"oimbridge export\" takes it\n"},
@@ -272,73 +277,43 @@ INSTANTIATE_TEST_SUITE_P(Selection, WrongUse,
                                                    error("--table: the value is empty")}),
                          [](const auto& usage) { return usage.param.name; });
 
-/// Whether the message is of this beginning and the run ended as wrong use.
-void expectRefusal(const Scratch& scratch, const std::vector<std::string>& arguments,
-                   const std::string& message) {
-    const Result result = run(scratch, arguments);
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_THAT(result.err, testing::StartsWith("oimbridge: error: " + message + "\n"));
+struct IndentationCase {
+    const char* name;
+    std::string value;
+    std::string shown;
+};
+
+std::ostream& operator<<(std::ostream& out, const IndentationCase& indentation) {
+    return out << indentation.name;
 }
 
-TEST(EveryOption, RefusesMissingEmptyRepeatedAndAbsurdValues) {
+class SetOfTheIndentation : public testing::TestWithParam<IndentationCase> {};
+
+TEST_P(SetOfTheIndentation, TakesNothingThatWouldSpoilTheDocument) {
     const Scratch scratch;
     scratch.write("shop.sql", SHOP_SQL);
-    for (const cli::Command& command : cli::allCommands()) {
-        std::vector<std::string> words = {command.name};
-        if (!command.positionals.empty() && command.positionals.front().required) {
-            words.emplace_back("shop.sql");
-        }
-        const auto with = [&](std::initializer_list<std::string> more) {
-            std::vector<std::string> all = words;
-            all.insert(all.end(), more);
-            return all;
-        };
-        for (const cli::OptionEntry& option : cli::allOptions()) {
-            const std::string name = option.dashed();
-            if (!command.takes(option) || name == "--help" || name == "--version") {
-                continue;
-            }
-            SCOPED_TRACE(command.name + " " + name);
-            if (option.isSwitch()) {
-                expectRefusal(scratch, with({name + "=1"}), name + ": this switch takes no value");
-                continue;
-            }
-            const std::string missing = name + ": the value " + option.value + " is missing";
-            expectRefusal(scratch, with({name}), missing);
-            expectRefusal(scratch, with({name + "="}), missing);
-            expectRefusal(scratch, with({name, "-q"}), missing + " before \"-q\"");
-            expectRefusal(scratch, with({name, "--"}), missing + " before \"--\"");
-            expectRefusal(scratch, with({name, ""}), name + ": the value is empty");
-            if (!option.repeatable) {
-                expectRefusal(scratch, with({name, "x", name, "x"}),
-                              name + ": given 2 times, but it takes one value");
-            }
-            const std::string absurd(5000, 'x');
-            if (!option.permitted.empty()) {
-                const Result result = run(scratch, with({name, absurd}));
-                EXPECT_EQ(result.exitCode, 2);
-                EXPECT_THAT(result.err, testing::HasSubstr(absurd + "\" is not one of "));
-                continue;
-            }
-            // Whatever else the value is, it ends in a message or in work that is done, and never in a
-            // signal.
-            for (const std::string& value :
-                 {absurd, std::string("\xff\x01\n"), std::string("../../..///.."),
-                  std::string("%s%n$(id)`id`"), std::string("-99999999999999999999")}) {
-                const Result result = run(scratch, with({name + "=" + value}));
-                EXPECT_EQ(result.signal, 0) << value;
-                EXPECT_THAT(result.exitCode, testing::AnyOf(0, 2, 5, 6)) << value;
-                EXPECT_EQ(result.exitCode == 0, result.err.find("oimbridge: error: ") == std::string::npos);
-                for (const std::string& made : scratch.list()) {
-                    if (made != "shop.sql") {
-                        std::filesystem::remove(scratch.path() / made);
-                    }
-                }
-            }
-        }
+    for (const char* command : {"export", "inspect"}) {
+        const Result result = run(
+            scratch, {command, "shop.sql", "--set", "XML Indentation (pretty printing)=" + GetParam().value});
+        EXPECT_EQ(result.err, error("--set: the value \"" + GetParam().shown +
+                                    "\" of the option \"XML Indentation (pretty printing)\" holds more than "
+                                    "blanks, tabs and line ends") +
+                                  "hint: \"--indent\" indents by so many blanks\n");
+        EXPECT_EQ(result.exitCode, 2);
     }
     EXPECT_EQ(scratch.list(), std::vector<std::string>{"shop.sql"});
 }
+
+INSTANTIATE_TEST_SUITE_P(Values, SetOfTheIndentation,
+                         testing::Values(IndentationCase{"Letters", "abc", "abc"},
+                                         IndentationCase{"Dots", "..", ".."},
+                                         IndentationCase{"Tag", "<", "<"},
+                                         IndentationCase{"Entity", "&#32;", "&#32;"},
+                                         IndentationCase{"BehindABlank", " x", " x"},
+                                         IndentationCase{"NoBreakSpace", "\u00A0", "\u00A0"},
+                                         IndentationCase{"FormFeed", "\f", "\\u000c"},
+                                         IndentationCase{"NotUtf8", "\xff", "\\xff"}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST(WrongUseInJson, IsOneObject) {
     const Scratch scratch;

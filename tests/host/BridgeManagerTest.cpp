@@ -13,6 +13,7 @@
 
 #include "CollectingLog.h"
 #include "CompleteModel.h"
+#include "PlainProcess.h"
 #include "ZORModelCheck.h"
 
 namespace {
@@ -139,9 +140,15 @@ TEST_F(BridgeManagerTest, NamesTheNearestBridgesForAnUnknownName) {
                 EndsWith(" It holds \"FakeExport\", \"NoSymbolExport\", \"NullExport\", "
                          "\"ThrowingExport\", \"UnresolvedExport\"."));
     EXPECT_EQ(
-        loadFailure(ZORBridgeManager((folder / "none").c_str()), "X"),
-        "There is no bridge \"X\" in the folder \"" + (folder / "none").native() +
-            "\". It holds no bridge at all; the environment variable ZOR_BRIDGE_PATH names another folder.");
+        loadFailure(ZORBridgeManager(folder.c_str()), "X"),
+        "There is no bridge \"X\" in the folder \"" + folder.native() + "\". It holds no bridge at all.");
+}
+
+TEST_F(BridgeManagerTest, TellsThatThereIsNoFolderToLookIn) {
+    for (const std::string& path : {(folder / "none").native(), writeFile("file", "")}) {
+        EXPECT_EQ(loadFailure(ZORBridgeManager(path.c_str()), "X"),
+                  "There is no folder \"" + path + "\" to look for bridges in.");
+    }
 }
 
 TEST_F(BridgeManagerTest, TellsThatThereIsNoSuchFile) {
@@ -168,13 +175,20 @@ TEST_F(BridgeManagerTest, DoesNotWaitForAPipe) {
 }
 
 TEST_F(BridgeManagerTest, TellsThatAFileMayNotBeRead) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "the superuser reads everything";
-    }
     const std::string file = writeFile("libZORClosed.so", "");
     fs::permissions(file, fs::perms::none);
-    EXPECT_EQ(loadFailure(manager, file),
+    EXPECT_EQ(support::inPlainProcess([&] { return loadFailure(manager, file); }),
               "The bridge library \"" + file + "\" cannot be read: Permission denied.");
+}
+
+TEST_F(BridgeManagerTest, TellsThatAFolderMayNotBeLookedInto) {
+    fs::create_directories(folder / "closed" / "bridges");
+    fs::permissions(folder / "closed", fs::perms::none);
+    const ZORBridgeManager closed((folder / "closed" / "bridges").c_str());
+    EXPECT_EQ(support::inPlainProcess([&] { return loadFailure(closed, "X"); }),
+              "The folder \"" + std::string(closed.getFolder()) +
+                  "\" cannot be looked into for bridges: Permission denied.");
+    fs::permissions(folder / "closed", fs::perms::owner_all);
 }
 
 TEST_F(BridgeManagerTest, GivesTheLoadersReasonForADamagedLibrary) {

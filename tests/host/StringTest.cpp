@@ -168,6 +168,46 @@ TEST(StringHash, SpreadsLikeNamesOverTheLowBits) {
     }
 }
 
+constexpr ZORString CONSTANT = "File"_text;
+
+TEST(StringLiteral, IsAConstantWithTheLiteralsCharacters) {
+    EXPECT_EQ(CONSTANT, "File");
+    EXPECT_EQ(CONSTANT.length(), 4U);
+    EXPECT_STREQ(CONSTANT.c_str(), "File");
+    EXPECT_EQ(("a\0b"_text).view(), std::string_view("a\0b", 3));
+    EXPECT_TRUE((""_text).isEmpty());
+    EXPECT_EQ("File"_text.c_str(), CONSTANT.c_str()) << "it is there once";
+    EXPECT_EQ(&"File"_z, &"File"_z);
+    EXPECT_EQ("File"_z.c_str(), CONSTANT.c_str());
+}
+
+TEST(StringLiteral, GivesCopiesMemoryOfTheirOwn) {
+    const ZORString copy = CONSTANT;  // NOLINT(performance-unnecessary-copy-initialization): it is tested
+    EXPECT_EQ(copy, "File");
+    EXPECT_NE(copy.c_str(), CONSTANT.c_str());
+    ZORString assigned("something else");
+    assigned = CONSTANT;
+    EXPECT_EQ(assigned, "File");
+    EXPECT_NE(assigned.c_str(), CONSTANT.c_str());
+}
+
+TEST(StringLiteral, IsNotChangedThroughAStringThatHasItsText) {
+    const auto changed = [](const auto& change) {
+        ZORString text = "File"_text;
+        change(text);
+        return std::string(text.view());
+    };
+    EXPECT_EQ(changed([](ZORString& text) { text.append("name"); }), "Filename");
+    EXPECT_EQ(changed([](ZORString& text) { text.truncate(2); }), "Fi");
+    EXPECT_EQ(changed([](ZORString& text) { text.truncate(0); }), "");
+    EXPECT_EQ(changed([](ZORString& text) { text.clear(); }), "");
+    EXPECT_EQ(changed([](ZORString& text) { text.reserve(0); }), "File");
+    EXPECT_EQ(changed([](ZORString& text) { text.reserve(2); }), "File");
+    EXPECT_EQ(changed([](ZORString& text) { text.reserve(100); }), "File");
+    EXPECT_EQ(changed([](ZORString& text) { text = ZORString("x"); }), "x");
+    EXPECT_EQ(CONSTANT, "File");
+}
+
 TEST(Exception, CarriesItsText) {
     const ZORException failure("no file");
     EXPECT_EQ(failure.getText(), "no file");

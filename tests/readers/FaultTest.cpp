@@ -18,34 +18,60 @@ namespace {
 
 /// The number of the step that fails, counted down; none fails below 1.
 long stepsToGo = 0;
+/// Whether the last step was the one that failed.
+bool stepFailed = false;
+
+template <typename Function>
+Function* next(const char* name) {
+    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
 
 }  // namespace
 
 /// In the place of the library's, for everything in this program. What SQLite does for itself goes on: it
 /// would not know what to make of its own steps failing without a cause.
 extern "C" int sqlite3_step(sqlite3_stmt* statement) {
-    static const auto libraryStep =
-        reinterpret_cast<int (*)(sqlite3_stmt*)>(::dlsym(RTLD_NEXT, "sqlite3_step"));
+    static const auto libraryStep = next<decltype(sqlite3_step)>("sqlite3_step");
     Dl_info library;
     Dl_info caller;
     const bool isOurs = ::dladdr(reinterpret_cast<void*>(libraryStep), &library) != 0 &&
                         ::dladdr(__builtin_return_address(0), &caller) != 0 &&
                         caller.dli_fbase != library.dli_fbase;
-    if (isOurs && stepsToGo > 0 && --stepsToGo == 0) {
-        return SQLITE_IOERR;
-    }
-    return libraryStep(statement);
+    stepFailed = isOurs && stepsToGo > 0 && --stepsToGo == 0;
+    return stepFailed ? SQLITE_IOERR : libraryStep(statement);
+}
+
+extern "C" int sqlite3_errcode(sqlite3* database) {
+    return stepFailed ? SQLITE_IOERR : next<decltype(sqlite3_errcode)>("sqlite3_errcode")(database);
+}
+
+extern "C" int sqlite3_extended_errcode(sqlite3* database) {
+    return stepFailed ? SQLITE_IOERR
+                      : next<decltype(sqlite3_extended_errcode)>("sqlite3_extended_errcode")(database);
 }
 
 namespace {
 
+/// Something of everything that is read.
 constexpr std::string_view SCRIPT = R"(
-CREATE TABLE customer (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(40) NOT NULL UNIQUE COLLATE NOCASE);
+CREATE TABLE customer (id INTEGER PRIMARY KEY AUTOINCREMENT, name VARCHAR(40) NOT NULL UNIQUE COLLATE NOCASE,
+  initial TEXT AS (substr(name, 1, 1)) STORED);
 CREATE TABLE purchase (no INTEGER, customer INT REFERENCES customer ON DELETE CASCADE,
-  state CHAR(1) DEFAULT 'o' CHECK (state IN ('o', 'p')), PRIMARY KEY (no)) WITHOUT ROWID;
+  state CHAR(1) DEFAULT 'o' CHECK (state IN ('o', 'p')), total NUMERIC CHECK (total >= 0),
+  CONSTRAINT purchase_key PRIMARY KEY (customer, no)) WITHOUT ROWID;
+CREATE TABLE line (customer INT, purchase INT, position INT, what TEXT,
+  FOREIGN KEY (customer, purchase) REFERENCES purchase ON UPDATE SET NULL DEFERRABLE INITIALLY DEFERRED,
+  CONSTRAINT one_each UNIQUE (purchase, customer, position));
+CREATE TABLE lost (a INT REFERENCES nowhere);
+CREATE VIRTUAL TABLE words USING fts5(word);
 CREATE INDEX by_customer ON purchase (customer, state DESC);
+CREATE UNIQUE INDEX by_what ON line (lower(what), position) WHERE position > 0;
+CREATE INDEX by_expression ON line (lower(what));
 CREATE VIEW paid AS SELECT p.no, c.name FROM purchase p JOIN customer c ON c.id = p.customer WHERE p.state = 'p';
+CREATE VIEW late AS SELECT name FROM paid UNION SELECT what FROM line;
+CREATE VIEW broken AS SELECT void FROM nowhere;
 CREATE TRIGGER closed BEFORE DELETE ON purchase BEGIN SELECT 1; END;
+CREATE TRIGGER instead INSTEAD OF UPDATE OF name ON paid BEGIN SELECT 2; END;
 )";
 
 class QuietContext : public readers::ReadContext {
@@ -110,6 +136,7 @@ struct StepFault {
     void end() const {
         unreached = stepsToGo > 0;
         stepsToGo = 0;
+        stepFailed = false;
     }
 };
 
@@ -222,11 +249,13 @@ std::string nameOf(const ::testing::TestParamInfo<SourceRow>& row) {
 
 constexpr SourceRow DATABASE{"sqlite", SCRIPT, SourceRow::DATABASE};
 constexpr SourceRow SQL_SCRIPT{"sql", SCRIPT, SourceRow::TEXT};
+constexpr SourceRow SQL_EXAMPLE{"sql", "library.sql", SourceRow::EXAMPLE};
 constexpr SourceRow MODEL_DOCUMENT{"json", "everything.model.json", SourceRow::EXAMPLE};
 constexpr SourceRow UML_MODEL{"xmi", "rental.uml", SourceRow::EXAMPLE};
 
 INSTANTIATE_TEST_SUITE_P(Source, Faults, ::testing::Values(DATABASE, SQL_SCRIPT, MODEL_DOCUMENT, UML_MODEL),
                          nameOf);
 INSTANTIATE_TEST_SUITE_P(Source, SqliteFaults, ::testing::Values(DATABASE, SQL_SCRIPT), nameOf);
+INSTANTIATE_TEST_SUITE_P(Example, SqliteFaults, ::testing::Values(SQL_EXAMPLE), nameOf);
 
 }  // namespace

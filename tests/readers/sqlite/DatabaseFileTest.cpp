@@ -7,8 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <functional>
-
+#include "PlainProcess.h"
 #include "SqliteTestSupport.h"
 #include "sqlite/SqliteReaders.h"
 
@@ -94,32 +93,6 @@ class OtherProcess {
     pid_t child_ = 0;
     int end_ = -1;
 };
-
-/// Runs a test in a process without the rights of root, for whom no folder is read-only.
-void expectInPlainProcess(const std::function<std::string()>& work, const std::string& expected) {
-    int result[2];
-    ASSERT_EQ(::pipe(result), 0);
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        const bool isPlain = ::geteuid() != 0 || (::setegid(65534) == 0 && ::seteuid(65534) == 0);
-        std::string text = "root cannot be left";
-        try {
-            text = isPlain ? work() : text;
-        } catch (const readers::SourceError& error) {
-            text = error.what();
-        }
-        [[maybe_unused]] const ssize_t ignored = ::write(result[1], text.data(), text.size());
-        ::_exit(0);
-    }
-    ::close(result[1]);
-    std::string text(4096, '\0');
-    const ssize_t size = ::read(result[0], text.data(), text.size());
-    text.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
-    ::close(result[0]);
-    ::waitpid(child, nullptr, 0);
-    EXPECT_EQ(text, expected);
-}
 
 TEST(DatabaseFile, IsRecognisedByItsBeginning) {
     const ScratchFolder folder;
@@ -429,7 +402,7 @@ TEST(DatabaseFile, InAReadOnlyFolderIsRead) {
             ::chmod((folder / name).c_str(), 0444);
         }
         ::chmod(folder.path().c_str(), 0555);
-        expectInPlainProcess([&] { return readAndDescribe(folder / "a.db"); }, c.model);
+        EXPECT_EQ(support::inPlainProcess([&] { return readAndDescribe(folder / "a.db"); }), c.model);
         ::chmod(folder.path().c_str(), 0755);
     }
 }
@@ -496,9 +469,10 @@ TEST(DatabaseFile, TakesANumberAsItsTimeout) {
     for (const char* value : {"", "soon", "-1", "5s", "99999999999"}) {
         ReadRequest request;
         request.options["busy-timeout"] = value;
-        EXPECT_EQ(support::errorOf(sqliteDatabaseReader(), Source::fromFile(folder / "a.db"), request),
-                  "WRONG_OPTION: \"" + std::string(value) +
-                      "\" is no value for busy-timeout [give a number of milliseconds, such as 5000]");
+        EXPECT_EQ(
+            support::errorOf(sqliteDatabaseReader(), Source::fromFile(folder / "a.db"), request),
+            "WRONG_OPTION: \"" + std::string(value) +
+                "\" is no number of milliseconds [give a whole one that is not negative, such as 5000]");
     }
 }
 
