@@ -42,6 +42,10 @@ constexpr LooseReference LOOSE_REFERENCES[] = {
     {"erd:ChildRoleKey", "erd:Key", "",
      "the foreign key may be left out with its entity, or with the last of several relationships that share "
      "it"},
+    {"uml:DependencySupplier@key", "erd:Key", "",
+     "the foreign key of a relationship that is written may be left out with its entity, where subtypes "
+     "share "
+     "it"},
 };
 
 bool isAmong(std::string_view word, std::string_view words) {

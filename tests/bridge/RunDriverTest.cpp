@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -159,7 +160,7 @@ TEST_F(Run, FailsWithThePathWhenTheFileCannotBeOpened) {
 }
 
 TEST_F(Run, WritesToThePathOfTheOptionWhateverTheFileNameSays) {
-    const std::string folder = testing::TempDir() + "run_driver_test";
+    const std::string folder = testing::TempDir() + "run_driver_test_" + std::to_string(::getpid());
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     const std::string path = folder + "/chosen.xml";

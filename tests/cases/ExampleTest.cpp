@@ -24,7 +24,10 @@ class Example : public testing::TestWithParam<std::string> {
 
     static std::string exportView(ZORModel& model, const std::string& view) {
         support::CollectingLog log;
-        return exportModel(model, {{"Model", view}}, "example." + GetParam(), log);
+        // Tests run at the same time: each writes a file of its own.
+        std::string file = testing::UnitTest::GetInstance()->current_test_info()->name();
+        std::replace(file.begin(), file.end(), '/', '.');
+        return exportModel(model, {{"Model", view}}, file, log);
     }
 };
 

@@ -56,7 +56,7 @@ class FileTest : public testing::Test {
     std::shared_ptr<SinkRecord> record = std::make_shared<SinkRecord>();
     ZORFile file;
     const std::filesystem::path folder = testing::TempDir();
-    const std::filesystem::path path = folder / "zor_file_test.xml";
+    const std::filesystem::path path = folder / ("zor_file_test_" + std::to_string(::getpid()) + ".xml");
 };
 
 TEST_F(FileTest, ReachesTheSinkAfterEachLineByDefault) {

@@ -1,6 +1,7 @@
 // Whether page, schema and example document say what the reader does.
 #include <gmock/gmock.h>
 #include <simdjson.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -91,7 +92,8 @@ TEST(ModelDocumentPage, ShowsADocumentThatIsRead) {
 
 /// What the bridge writes of a model in a view.
 std::string exportView(ZORModel& model, const std::string& view) {
-    const std::string path = testing::TempDir() + "model_document_page.xml";
+    const std::string path =
+        testing::TempDir() + "model_document_page_" + std::to_string(::getpid()) + ".xml";
     const ZORBridge bridge = ZORBridgeManager(PLUGIN_FOLDER).load("MicrosoftSqlServerMdsMdcExport");
     ZOROptionList options;
     bridge.getOptionList(options);
