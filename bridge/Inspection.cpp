@@ -80,11 +80,15 @@ void Inspection::noteWritten(const ZORObject* object, const ZORString& tag) {
     const MDCSubjectArea area = tag.view().starts_with("uml:")   ? UML
                                 : tag.view().starts_with("erd:") ? ERD
                                                                  : DBM;
-    for (const ZORObject* told : {object, standIn == standIns_.end() ? object : standIn->second}) {
-        Note& note = notes_[told][area];
+    const auto tell = [&](const ZORObject* written) {
+        Note& note = notes_[written][area];
         if (note.tag.isEmpty()) {
             note.tag = tag;
         }
+    };
+    tell(object);
+    if (standIn != standIns_.end()) {
+        tell(standIn->second);
     }
 }
 

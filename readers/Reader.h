@@ -159,10 +159,10 @@ struct ReaderDescription {
     std::string name;         ///< also the prefix of sources that name it: "sqlite" in "sqlite:shop.db"
     std::string title;        ///< "SQLite database"
     std::string recognition;  ///< how its sources are recognised, for the help
-    std::vector<std::string> usualEndings =
-        {};  ///< of names of files that still need the content of a source: ".db"
-    std::string unrecognised =
-        {};                    ///< what a file whose name ends so has, when it is a source and not recognised
+    /// Of the names of files, which still need the content of a source: ".db".
+    std::vector<std::string> usualEndings = {};
+    /// What is the matter with a file whose name ends so, when it is a source and not recognised.
+    std::string unrecognised = {};
     std::string naturalView;   ///< "uml", "erd", "dbm" or "erd+dbm": the view that suits its sources
     std::string databaseType;  ///< what its sources call their database type, or empty
     bool takesSelection = false;
